@@ -1,0 +1,52 @@
+# Geoquill: the two commands of the README, and the other ways to exercise the code.
+#   make run    install what is missing, build, start the app
+#   make test   install what is missing, build, run the whole suite headless (CI runs this)
+#   make bench  benchmarks (Release build)
+#   make fuzz   each fuzz target for a short, bounded time (clang, libFuzzer)
+#   make asan   the suite under AddressSanitizer and UndefinedBehaviorSanitizer
+
+JOBS       ?= $(shell nproc)
+CMAKE_GEN  := -G Ninja
+FUZZ_SECONDS ?= 20
+HEADLESS   := QT_QPA_PLATFORM=offscreen QT_QUICK_BACKEND=software QTWEBENGINE_DISABLE_SANDBOX=1
+
+.PHONY: deps run build test bench fuzz asan format clean
+
+deps:
+	@./scripts/install-deps
+
+build: deps
+	cmake -S . -B build $(CMAKE_GEN) -DGEOQUILL_WERROR=ON
+	cmake --build build -j $(JOBS)
+
+run: build
+	QTWEBENGINE_DISABLE_SANDBOX=1 ./build/shell/geoquill
+
+test: build
+	$(HEADLESS) ctest --test-dir build --output-on-failure -j $(JOBS)
+	$(MAKE) --no-print-directory asan
+
+asan: deps
+	cmake -S . -B build-asan $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=Debug -DGEOQUILL_SANITIZE=ON \
+	      -DGEOQUILL_BUILD_SHELL=OFF
+	cmake --build build-asan -j $(JOBS)
+	$(HEADLESS) ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
+	    ctest --test-dir build-asan --output-on-failure -j $(JOBS)
+
+bench: deps
+	cmake -S . -B build-bench $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=Release -DGEOQUILL_BUILD_BENCH=ON \
+	      -DGEOQUILL_BUILD_TESTS=OFF
+	cmake --build build-bench -j $(JOBS)
+	$(HEADLESS) ./scripts/run-benchmarks build-bench
+
+fuzz: deps
+	CC=clang CXX=clang++ cmake -S . -B build-fuzz $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+	      -DGEOQUILL_BUILD_FUZZ=ON -DGEOQUILL_BUILD_SHELL=OFF -DGEOQUILL_BUILD_TESTS=OFF
+	cmake --build build-fuzz -j $(JOBS)
+	./scripts/run-fuzzers build-fuzz $(FUZZ_SECONDS)
+
+format:
+	git ls-files '*.cpp' '*.h' | xargs clang-format -i
+
+clean:
+	rm -rf build build-asan build-bench build-fuzz

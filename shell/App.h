@@ -1,0 +1,20 @@
+#pragma once
+// The application object: version data, the datum every conversion uses, and the one command
+// that belongs to the application rather than to the window (About).
+
+#include <QApplication>
+
+class App : public QApplication {
+    Q_OBJECT
+public:
+    App(int& argc, char** argv);
+
+    static constexpr const char* versionString = "1.0.1";
+
+    // The application's open event: makes the default datum before any window computes a
+    // location.
+    void Event_Open();
+
+    // Help > About Geoquill.
+    bool _HelpAboutGeoquill_Action();
+};
