@@ -1,0 +1,192 @@
+#pragma once
+// The controller of the main window and the only owner of state: the recorded locations, the
+// location on show in the details form, the notation settings and the mode flags. It receives
+// every event of the window by a handler of the control's and event's name, and reaches the
+// controls, dialogs and the map only through the narrow views in Window1Controls.
+
+#include "ControlViews.h"
+#include "coordinates/MessageBox.h"
+#include "coordinates/NumberText.h"
+#include "coordinates/Vertex.h"
+#include "map/MapPin.h"
+#include "notation/NotationSettings.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+class MapView;
+
+// The window's controls and platform services, by their names in the window. Every pointer is
+// set by whoever builds the window (the shell or a test) and outlives the controller.
+struct Window1Controls {
+    TextFieldView* TextFieldDecDegrees = nullptr;
+    TextFieldView* TextFieldDMS = nullptr;
+    TextFieldView* TextFieldUTM = nullptr;
+    TextFieldView* TextFieldLabel = nullptr;
+    TextFieldView* addressTextField = nullptr;
+    PushButtonView* SearchButton = nullptr;
+    RadioButtonView* RadioButton1 = nullptr; // "Lat, Lon": on means latitude first
+    RadioButtonView* RadioButton2 = nullptr; // "Lon, Lat"
+    TabPanelView* TabPanel1 = nullptr;
+    BatchListboxView* BatchListbox = nullptr;
+    MenuBarView* MainMenuBar = nullptr;
+    MessageBox* messageBox = nullptr;
+    MessageDialogView* messageDialog = nullptr;
+    TimerView* TimerUserLocation = nullptr;
+    RectangleView* Rectangle1 = nullptr;
+    AppearanceView* appearance = nullptr;
+};
+
+// Units of the distance read-outs: 0 the locale's, 1 metric, 2 imperial; style 1 abbreviated.
+struct DistanceUnits {
+    int Units = 0;
+    int UnitStyle = 0;
+};
+
+class Window1 : public NotationSettings {
+public:
+    explicit Window1(const Window1Controls& controls);
+    Window1(const Window1&) = delete;
+    Window1& operator=(const Window1&) = delete;
+
+    // --- State -------------------------------------------------------------------------------
+    std::vector<VertexRef> locations; // recorded locations, in order of recording
+    VertexRef theLocation;            // the location on show in the details form, or null
+    std::int64_t selectedLoc = -1;    // index in locations of the row the form edits, or -1
+
+    double lat = missingCoordinate; // latitude last taken in by an entry path (degrees)
+    double lon = missingCoordinate; // longitude, the same
+    bool suppressUpdate = false;    // the program is writing controls: change events keep still
+    bool enteringDD = false;        // the user was last working in this notation field
+    bool enteringDMS = false;
+    bool enteringUTM = false;
+    QString theText; // a notation field's text when it got the focus
+
+    MapView* mapview = nullptr; // set by Map_Open
+    std::vector<MapPinRef> Pins; // one pin per recorded location, joined by index
+    MapPinRef currentPin;        // the pin of the location on show
+    std::vector<MapCoordinate> mpt; // points clicked so far for a distance
+    DistanceUnits unitFmt;
+    std::int64_t xDown = 0, yDown = 0; // where the last map press happened (pixels)
+    bool gettingAddressLoc = false;
+    bool tappingMap = false;
+    bool gettingDist2Points = false;
+    bool gettingDistFromPt = false;
+    bool showMap = true;
+
+    // The user's number locale: decimal separator and minus sign of every written number.
+    NumberLocale numberLocale;
+
+    // --- Window events -----------------------------------------------------------------------
+    void Event_Open();
+    void Event_Activate();
+    void Event_EnableMenuItems();
+    void TabPanel1_Change();
+
+    // --- Writing and reading the notations ---------------------------------------------------
+    QString formatDD(double lon, double lat) const;
+    QString formatDMS(double lon, double lat) const;
+    QString formatUTM(double lon, double lat) const;
+    QString DMSfromAngle(double angle) const;
+    void parseDD();
+    void parseDMS();
+    void parseUTM();
+
+    // --- Entry fields ------------------------------------------------------------------------
+    // KeyDown takes the key's character code (13 Return, 3 Enter) and tells whether the key
+    // has been dealt with; false lets it go on to the field.
+    bool TextFieldDecDegrees_KeyDown(int key);
+    void TextFieldDecDegrees_GotFocus();
+    void TextFieldDecDegrees_LostFocus();
+    void TextFieldDecDegrees_TextChange();
+    void TextFieldDecDegrees_MouseDown();
+    bool TextFieldDMS_KeyDown(int key);
+    void TextFieldDMS_GotFocus();
+    void TextFieldDMS_LostFocus();
+    void TextFieldDMS_TextChange();
+    void TextFieldDMS_MouseDown();
+    bool TextFieldUTM_KeyDown(int key);
+    void TextFieldUTM_GotFocus();
+    void TextFieldUTM_LostFocus();
+    void TextFieldUTM_TextChange();
+    void TextFieldUTM_MouseDown();
+    void TextFieldLabel_TextChange();
+    void RadioButton1_Action();
+    void RadioButton2_Action();
+
+    // --- The location book -------------------------------------------------------------------
+    VertexRef cloneLocation(const Vertex& source) const;
+    void makeNewEntry();
+    void recordEntry();
+    void FillDetailsForm();
+    void fillBatchTable();
+
+    // --- The map -----------------------------------------------------------------------------
+    void LoadMap(double lat, double lon);
+    void SetMapType(int type);
+    void makePinsFromLocations();
+    void searchAddress();
+    void SearchButton_Action();
+    bool addressTextField_KeyDown(int key);
+    void addressTextField_TextChange();
+
+    // --- Menu commands (bound by item name; true when carried out) ---------------------------
+    bool _FileNewLocation_Action();
+    bool _FileNewLocationatMapClick_Action();
+    bool _FileOpen_Action();
+    bool _FileSave_Action();
+    bool _EditPaste_Action();
+    bool _EditRemoveLocations_Action();
+    bool _SeparatorComma_Action();
+    bool _SeparatorTab_Action();
+    bool _SeparatorSpace_Action();
+    bool _FormatShowDegree_Action();
+    bool _FormatShowDDHemiLet_Action();
+    bool _SeparatorDMScomma_Action();
+    bool _SeparatorDMSTab_Action();
+    bool _SeparatorDMSSpace_Action();
+    bool _FormatShowDMSSymbols_Action();
+    bool _FormatShowDMShemiLet_Action();
+    bool _FormatUTMSeparatorComma_Action();
+    bool _FormatUTMSeparatorTab_Action();
+    bool _FormatUTMSeparatorSpace_Action();
+    bool _FormatShowm_Action();
+    bool _FormatShowEandN_Action();
+    bool _FormatZoneinSHemisph_Action();
+    bool _FormatImperialUnits_Action();
+    bool _FormatMetricUnits_Action();
+    bool _MapShowUserLocation_Action();
+    bool _MapShowAllLocations_Action();
+    bool _MapDistancefromCurrentPt_Action();
+    bool _MapDistanceBetweenClickedPts_Action();
+    bool _MapRemoveLocations_Action();
+
+    using MenuHandler = bool (Window1::*)();
+    // The window's menu handlers by item name, bound once when the window is built.
+    static const std::vector<std::pair<QString, MenuHandler>>& AddMenuHandlers();
+    // Runs the handler bound to the item name; false when none is bound or it declined.
+    bool menuItemChosen(const QString& itemName);
+
+    const Window1Controls& controls() const { return c; }
+
+private:
+    bool latitudeFirst() const { return c.RadioButton1->value(); }
+    // The prompt before the location on show is replaced; false when the user cancelled.
+    bool promptToRecordIfUnsaved();
+    // The last steps of every parser: a complete position becomes the location on show.
+    void showParsedLocation();
+    // Return in a notation field, and the field losing the focus.
+    bool notationKeyDown(int key, TextFieldView& field, bool& entering, bool skipIfUnchanged,
+                         void (Window1::*parse)(), QString (Window1::*format)(double, double) const);
+    void notationLostFocus(TextFieldView& field, bool skipIfUnchanged, void (Window1::*parse)(),
+                           QString (Window1::*format)(double, double) const);
+    void notationTextChange();
+    void enterOnly(bool& flag);
+    void orderButtonAction();
+    void setSearchButton(const QString& caption, const QString& tooltip, bool isDefault);
+
+    Window1Controls c;
+};

@@ -1,0 +1,118 @@
+#pragma once
+// Fakes of the window's controls: they keep what the controller writes, raise the events a real
+// control would raise (writing a field's text raises its change event), and let a test answer
+// dialogs.
+
+#include "locationbook/ControlViews.h"
+#include "support/RecordingMessageBox.h"
+
+#include <QHash>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class FakeTextField : public TextFieldView {
+public:
+    QString text() const override { return value; }
+    void setText(const QString& text) override {
+        const bool changed = text != value;
+        value = text;
+        ++writes;
+        if (changed && onTextChange)
+            onTextChange();
+    }
+    void setFocus() override { ++focusRequests; }
+
+    QString value;
+    int writes = 0;
+    int focusRequests = 0;
+    std::function<void()> onTextChange; // the field's change event, wired to the controller
+};
+
+class FakePushButton : public PushButtonView {
+public:
+    QString caption() const override { return captionText; }
+    void setCaption(const QString& caption) override { captionText = caption; }
+    QString tooltip() const override { return tooltipText; }
+    void setTooltip(const QString& tooltip) override { tooltipText = tooltip; }
+    bool isDefault() const override { return defaultButton; }
+    void setDefault(bool isDefault) override { defaultButton = isDefault; }
+
+    QString captionText;
+    QString tooltipText;
+    bool defaultButton = false;
+};
+
+class FakeRadioButton : public RadioButtonView {
+public:
+    bool value() const override { return on; }
+    void setValue(bool value) override {
+        on = value;
+        if (value && partner)
+            partner->on = false;
+    }
+    bool on = false;
+    FakeRadioButton* partner = nullptr;
+};
+
+class FakeMenuItem : public MenuItemView {
+public:
+    QString text() const override { return caption; }
+    void setText(const QString& text) override { caption = text; }
+    bool hasCheckMark() const override { return marked; }
+    void setHasCheckMark(bool m) override { marked = m; }
+    QString caption;
+    bool marked = false;
+};
+
+class FakeMenuBar : public MenuBarView {
+public:
+    MenuItemView& item(const QString& name) override { return items[name]; }
+    FakeMenuItem& operator[](const QString& name) { return items[name]; }
+    QHash<QString, FakeMenuItem> items;
+};
+
+class FakeTabPanel : public TabPanelView {
+public:
+    int selectedPanelIndex() const override { return page; }
+    int page = 0;
+};
+
+class FakeMessageDialog : public MessageDialogView {
+public:
+    Answer showModal(const Question& question) override {
+        asked.push_back(question);
+        return answer;
+    }
+    Answer answer = Answer::Cancel;
+    std::vector<Question> asked;
+};
+
+class FakeTimer : public TimerView {
+public:
+    int runMode() const override { return mode; }
+    void setRunMode(int m) override { mode = m; }
+    int mode = 0;
+};
+
+class FakeRectangle : public RectangleView {
+public:
+    void setFillColor(std::uint32_t colourWord) override { fill = colourWord; }
+    std::uint32_t fill = 0;
+};
+
+class FakeAppearance : public AppearanceView {
+public:
+    bool isDarkMode() const override { return dark; }
+    bool dark = false;
+};
+
+class FakeBatchListbox : public BatchListboxView {
+public:
+    int selectedRowCount() const override { return selectedCount; }
+    void setSelectedRowIndex(int row) override { selectedRow = row; }
+    int selectedCount = 0;
+    int selectedRow = -1;
+};

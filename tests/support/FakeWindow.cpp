@@ -1,0 +1,54 @@
+#include "FakeWindow.h"
+
+FakeWindow::FakeWindow() {
+    Window1Controls c;
+    c.TextFieldDecDegrees = &TextFieldDecDegrees;
+    c.TextFieldDMS = &TextFieldDMS;
+    c.TextFieldUTM = &TextFieldUTM;
+    c.TextFieldLabel = &TextFieldLabel;
+    c.addressTextField = &addressTextField;
+    c.SearchButton = &SearchButton;
+    c.RadioButton1 = &RadioButton1;
+    c.RadioButton2 = &RadioButton2;
+    c.TabPanel1 = &TabPanel1;
+    c.BatchListbox = &BatchListbox;
+    c.MainMenuBar = &MainMenuBar;
+    c.messageBox = &messageBox;
+    c.messageDialog = &messageDialog;
+    c.TimerUserLocation = &TimerUserLocation;
+    c.Rectangle1 = &Rectangle1;
+    c.appearance = &appearance;
+    w = std::make_unique<Window1>(c);
+
+    RadioButton1.partner = &RadioButton2;
+    RadioButton2.partner = &RadioButton1;
+    RadioButton1.on = true;
+    SearchButton.captionText = QStringLiteral("Click Map");
+    SearchButton.tooltipText =
+        QStringLiteral("Click this button and then click in the map to get the location data");
+    SearchButton.defaultButton = true;
+    MainMenuBar[QStringLiteral("EditRemoveLocations")].caption =
+        QStringLiteral("Remove Location(s)");
+    MainMenuBar[QStringLiteral("MapDistanceBetweenClickedPts")].caption =
+        QStringLiteral("Distance Between Clicked Pts");
+
+    Window1* win = w.get();
+    TextFieldDecDegrees.onTextChange = [win] { win->TextFieldDecDegrees_TextChange(); };
+    TextFieldDMS.onTextChange = [win] { win->TextFieldDMS_TextChange(); };
+    TextFieldUTM.onTextChange = [win] { win->TextFieldUTM_TextChange(); };
+    TextFieldLabel.onTextChange = [win] { win->TextFieldLabel_TextChange(); };
+    addressTextField.onTextChange = [win] { win->addressTextField_TextChange(); };
+    w->Event_Open();
+}
+
+void FakeWindow::clickRadioButton1() {
+    RadioButton1.setValue(true);
+    w->RadioButton1_Action();
+}
+
+void FakeWindow::clickRadioButton2() {
+    RadioButton2.setValue(true);
+    w->RadioButton2_Action();
+}
+
+void FakeWindow::type(FakeTextField& field, const QString& text) { field.setText(text); }

@@ -1,0 +1,39 @@
+#pragma once
+// A controller wired to fakes of every control, built and opened as the application does it:
+// RadioButton1 on, SearchButton "Click Map" as default, the open event run.
+
+#include "locationbook/Window1.h"
+#include "support/FakeControls.h"
+
+#include <memory>
+
+class FakeWindow {
+public:
+    FakeWindow();
+
+    Window1& window() { return *w; }
+    Window1* operator->() { return w.get(); }
+
+    FakeTextField TextFieldDecDegrees, TextFieldDMS, TextFieldUTM, TextFieldLabel,
+        addressTextField;
+    FakePushButton SearchButton;
+    FakeRadioButton RadioButton1, RadioButton2;
+    FakeTabPanel TabPanel1;
+    FakeBatchListbox BatchListbox;
+    FakeMenuBar MainMenuBar;
+    RecordingMessageBox messageBox;
+    FakeMessageDialog messageDialog;
+    FakeTimer TimerUserLocation;
+    FakeRectangle Rectangle1;
+    FakeAppearance appearance;
+
+    // A user's choice of order: turns the button on and raises its action event.
+    void clickRadioButton1();
+    void clickRadioButton2();
+    // Typing replaces the field's text as a user would (raising its change event); Return is
+    // pressed through the field's key handler.
+    void type(FakeTextField& field, const QString& text);
+
+private:
+    std::unique_ptr<Window1> w;
+};
