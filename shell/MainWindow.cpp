@@ -1,18 +1,280 @@
 #include "MainWindow.h"
 
+#include "MainMenuBar.h"
+#include "TextFieldEvents.h"
+#include "locationbook/Window1.h"
+
+#include <QButtonGroup>
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QTabWidget>
-#include <QWidget>
+#include <QTableView>
+#include <QTimer>
+
+namespace {
+
+constexpr int L = LockedLayout::Left, T = LockedLayout::Top, R = LockedLayout::Right,
+              B = LockedLayout::Bottom;
+
+const char* const latLonTooltip =
+    "Type a latitude, longitude pair separated by a comma, space, or tab. When you are finished, "
+    "press return or exit this field by selecting another field. The app will automatically "
+    "format the other forms of the location and fill the other text boxes.";
+const char* const utmTooltip =
+    "Type a UTM Eastings, Northings pair separated by a comma, space, or tab. Eastings are "
+    "always listed before Northings, regardless of which radio button, above, is selected. When "
+    "you are finished, press return or exit this field by selecting another field. The app will "
+    "automatically format the other forms of the location and fill the other text boxes.";
+
+// The places were drawn for a smaller system font than most Linux desktops use: a caption
+// that would be clipped is set in a smaller font instead, down to a legible minimum.
+void fitCaption(QWidget* control, const QString& caption, int width) {
+    QFont font = control->font();
+    const int extra = qobject_cast<QRadioButton*>(control) ? 22 : 2; // the radio's circle
+    while (font.pointSizeF() > 7 && QFontMetrics(font).horizontalAdvance(caption) + extra > width)
+        font.setPointSizeF(font.pointSizeF() - 0.5);
+    control->setFont(font);
+}
+
+} // namespace
 
 MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
     setWindowTitle(QStringLiteral("Geoquill Converter"));
-    resize(800, 650);
-    setMinimumSize(536, 410);
-
-    auto* central = new QWidget(this);
+    menu = new MainMenuBar(this);
+    setMenuBar(menu);
+    central = new QWidget(this);
     setCentralWidget(central);
+    layout = std::make_unique<LockedLayout>(central, QSize(800, 650));
+    createControls();
+
+    Window1Controls c;
+    c.TextFieldDecDegrees = (ddView = std::make_unique<LineEditView>(TextFieldDecDegrees)).get();
+    c.TextFieldDMS = (dmsView = std::make_unique<LineEditView>(TextFieldDMS)).get();
+    c.TextFieldUTM = (utmView = std::make_unique<LineEditView>(TextFieldUTM)).get();
+    c.TextFieldLabel = (labelView = std::make_unique<LineEditView>(TextFieldLabel)).get();
+    c.addressTextField = (addressView = std::make_unique<LineEditView>(addressTextField)).get();
+    c.SearchButton = (searchButtonView = std::make_unique<QtPushButtonView>(SearchButton)).get();
+    c.RadioButton1 = (radio1View = std::make_unique<QtRadioButtonView>(RadioButton1)).get();
+    c.RadioButton2 = (radio2View = std::make_unique<QtRadioButtonView>(RadioButton2)).get();
+    c.TabPanel1 = (tabView = std::make_unique<QtTabPanelView>(TabPanel1)).get();
+    c.BatchListbox = (listboxView = std::make_unique<ItemViewListbox>(BatchListbox)).get();
+    c.MainMenuBar = menu;
+    c.messageBox = (messageBoxView = std::make_unique<QtMessageBox>(this)).get();
+    c.messageDialog = (messageDialogView = std::make_unique<QtMessageDialog>(this)).get();
+    c.TimerUserLocation = (timerView = std::make_unique<QtTimerView>(TimerUserLocation)).get();
+    c.Rectangle1 = (rectangleView = std::make_unique<ColourPanelView>(Rectangle1)).get();
+    c.appearance = (appearanceView = std::make_unique<PaletteAppearance>()).get();
+    window1 = std::make_unique<Window1>(c);
+
+    wireEvents();
+    wireMenu();
+    resize(800, 650 + menu->sizeHint().height());
+    setMinimumSize(536, 410 + menu->sizeHint().height());
+    window1->Event_Open();
+}
+
+MainWindow::~MainWindow() {
+    // The controller goes first: widgets being torn down must not reach it.
+    window1.reset();
+}
+
+void MainWindow::createControls() {
     TabPanel1 = new QTabWidget(central);
     TabPanel1->setObjectName(QStringLiteral("TabPanel1"));
-    TabPanel1->setGeometry(20, 10, 760, 620);
-    TabPanel1->addTab(new QWidget, QStringLiteral("Current Location"));
-    TabPanel1->addTab(new QWidget, QStringLiteral("All Locations"));
+    auto* page0 = new QWidget;
+    auto* page1 = new QWidget;
+    TabPanel1->addTab(page0, QStringLiteral("Current Location"));
+    TabPanel1->addTab(page1, QStringLiteral("All Locations"));
+    layout->add(TabPanel1, QRect(20, 10, 760, 620), L | T | R | B);
+    createPage0(page0);
+
+    BatchListbox = new QTableView(page1);
+    BatchListbox->setObjectName(QStringLiteral("BatchListbox"));
+    BatchListbox->setSelectionBehavior(QAbstractItemView::SelectRows);
+    BatchListbox->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    layout->add(BatchListbox, QRect(40, 48, 720, 562), L | T | R | B);
+
+    TimerUserLocation = new QTimer(this);
+    TimerUserLocation->setObjectName(QStringLiteral("TimerUserLocation"));
+    TimerUserLocation->setInterval(200);
+}
+
+QLineEdit* MainWindow::addTextField(QWidget* page, const char* name, QRect place, int locks) {
+    auto* field = new QLineEdit(page);
+    field->setObjectName(QString::fromLatin1(name));
+    layout->add(field, place, locks);
+    return field;
+}
+
+QLabel* MainWindow::addLabel(QWidget* page, const char* name, const QString& text, QRect place) {
+    auto* label = new QLabel(text, page);
+    label->setObjectName(QString::fromLatin1(name));
+    fitCaption(label, text, place.width());
+    layout->add(label, place, L | T);
+    return label;
+}
+
+void MainWindow::createPage0(QWidget* page) {
+    TextFieldUTM = addTextField(page, "TextFieldUTM", QRect(156, 156, 524, 22), L | T | R);
+    TextFieldUTM->setToolTip(QString::fromLatin1(utmTooltip));
+    addLabel(page, "Label5", QStringLiteral("UTM:"), QRect(32, 156, 112, 20));
+
+    RadioButton2 = new QRadioButton(QStringLiteral("Lon, Lat"), page);
+    RadioButton2->setObjectName(QStringLiteral("RadioButton2"));
+    RadioButton2->setToolTip(QStringLiteral("List the longitude value before the latitude value"));
+    fitCaption(RadioButton2, RadioButton2->text(), 85);
+    layout->add(RadioButton2, QRect(249, 54, 85, 20), L | T);
+    RadioButton1 = new QRadioButton(QStringLiteral("Lat, Lon"), page);
+    RadioButton1->setObjectName(QStringLiteral("RadioButton1"));
+    RadioButton1->setToolTip(QStringLiteral("List the latitude value before the longitude value"));
+    RadioButton1->setChecked(true);
+    fitCaption(RadioButton1, RadioButton1->text(), 81);
+    layout->add(RadioButton1, QRect(156, 54, 81, 20), L | T);
+    orderButtons = new QButtonGroup(this);
+    orderButtons->addButton(RadioButton1);
+    orderButtons->addButton(RadioButton2);
+    addLabel(page, "Label4", QStringLiteral("Entry is"), QRect(32, 54, 58, 20));
+
+    TextFieldDMS = addTextField(page, "TextFieldDMS", QRect(156, 122, 524, 22), L | T | R);
+    TextFieldDMS->setToolTip(QString::fromLatin1(latLonTooltip));
+    addLabel(page, "Label1", QStringLiteral("Degr.-Min.-Sec.:"), QRect(32, 122, 112, 20));
+
+    SearchButton = new QPushButton(QStringLiteral("Click Map"), page);
+    SearchButton->setObjectName(QStringLiteral("SearchButton"));
+    SearchButton->setToolTip(
+        QStringLiteral("Click this button and then click in the map to get the location data"));
+    SearchButton->setDefault(true);
+    layout->add(SearchButton, QRect(632, 191, 137, 20), T | R);
+
+    addressTextField =
+        addTextField(page, "addressTextField", QRect(156, 189, 464, 22), L | T | R);
+    addressTextField->setPlaceholderText(QStringLiteral("Type address"));
+    addressTextField->setToolTip(
+        QStringLiteral("Type an address in this text field and then click the Find Address "
+                       "button to the right to get the location of that address"));
+
+    Rectangle1 = new QWidget(page);
+    Rectangle1->setObjectName(QStringLiteral("Rectangle1"));
+    Rectangle1->hide(); // the pointer read-out's panel shows over the map
+
+    TextFieldLabel = addTextField(page, "TextFieldLabel", QRect(346, 54, 423, 22), L | T | R);
+    TextFieldLabel->setPlaceholderText(QStringLiteral("Label"));
+    TextFieldLabel->setToolTip(
+        QStringLiteral("Type an optional label for the located point. This label will be shown "
+                       "in the map popups, listed in the batch table, and saved with the "
+                       "location data"));
+    TextFieldDecDegrees =
+        addTextField(page, "TextFieldDecDegrees", QRect(156, 88, 524, 22), L | T | R);
+    TextFieldDecDegrees->setToolTip(QString::fromLatin1(latLonTooltip));
+    addLabel(page, "Label3", QStringLiteral("Decimal Degrees:"), QRect(32, 88, 112, 20));
+    addLabel(page, "Label6", QStringLiteral("Address:"), QRect(32, 191, 112, 20));
+
+    // One caption size for the page's labels and order buttons: the one the longest needs.
+    qreal captionSize = font().pointSizeF();
+    const auto captions = page->findChildren<QWidget*>();
+    for (QWidget* w : captions)
+        if (qobject_cast<QLabel*>(w) || qobject_cast<QRadioButton*>(w))
+            captionSize = qMin(captionSize, w->font().pointSizeF());
+    for (QWidget* w : captions)
+        if (qobject_cast<QLabel*>(w) || qobject_cast<QRadioButton*>(w)) {
+            QFont f = w->font();
+            f.setPointSizeF(captionSize);
+            w->setFont(f);
+        }
+
+    // Tab order within the page, as the fields are worked through.
+    setTabOrder(RadioButton1, TextFieldLabel);
+    setTabOrder(TextFieldLabel, TextFieldDecDegrees);
+    setTabOrder(TextFieldDecDegrees, TextFieldDMS);
+    setTabOrder(TextFieldDMS, TextFieldUTM);
+    setTabOrder(TextFieldUTM, addressTextField);
+    setTabOrder(addressTextField, SearchButton);
+}
+
+void MainWindow::wireEvents() {
+    Window1* w = window1.get();
+    new TextFieldEvents(TextFieldDecDegrees,
+                        {[w](int k) { return w->TextFieldDecDegrees_KeyDown(k); },
+                         [w] { w->TextFieldDecDegrees_GotFocus(); },
+                         [w] { w->TextFieldDecDegrees_LostFocus(); },
+                         [w] { w->TextFieldDecDegrees_MouseDown(); },
+                         [w] { w->TextFieldDecDegrees_TextChange(); }});
+    new TextFieldEvents(TextFieldDMS, {[w](int k) { return w->TextFieldDMS_KeyDown(k); },
+                                       [w] { w->TextFieldDMS_GotFocus(); },
+                                       [w] { w->TextFieldDMS_LostFocus(); },
+                                       [w] { w->TextFieldDMS_MouseDown(); },
+                                       [w] { w->TextFieldDMS_TextChange(); }});
+    new TextFieldEvents(TextFieldUTM, {[w](int k) { return w->TextFieldUTM_KeyDown(k); },
+                                       [w] { w->TextFieldUTM_GotFocus(); },
+                                       [w] { w->TextFieldUTM_LostFocus(); },
+                                       [w] { w->TextFieldUTM_MouseDown(); },
+                                       [w] { w->TextFieldUTM_TextChange(); }});
+    new TextFieldEvents(TextFieldLabel, {{}, {}, {}, {}, [w] { w->TextFieldLabel_TextChange(); }});
+    new TextFieldEvents(addressTextField,
+                        {[w](int k) { return w->addressTextField_KeyDown(k); }, {}, {}, {},
+                         [w] { w->addressTextField_TextChange(); }});
+    connect(RadioButton1, &QRadioButton::clicked, this, [w] { w->RadioButton1_Action(); });
+    connect(RadioButton2, &QRadioButton::clicked, this, [w] { w->RadioButton2_Action(); });
+    connect(SearchButton, &QPushButton::clicked, this, [w] { w->SearchButton_Action(); });
+    connect(TabPanel1, &QTabWidget::currentChanged, this, [w] { w->TabPanel1_Change(); });
+}
+
+void MainWindow::wireMenu() {
+    connect(menu, &MainMenuBar::menuAboutToShow, this, [this] { window1->Event_EnableMenuItems(); });
+    connect(menu, &MainMenuBar::itemChosen, this, [this](const QString& name) {
+        if (window1->menuItemChosen(name))
+            return;
+        // Items the platform serves itself: quit and the text-editing commands, which act on
+        // the focused field.
+        auto* field = qobject_cast<QLineEdit*>(focusWidget());
+        if (name == QLatin1String("FileQuit"))
+            close();
+        else if (!field)
+            return;
+        else if (name == QLatin1String("EditUndo"))
+            field->undo();
+        else if (name == QLatin1String("EditCut"))
+            field->cut();
+        else if (name == QLatin1String("EditCopy"))
+            field->copy();
+        else if (name == QLatin1String("EditPaste"))
+            field->paste();
+        else if (name == QLatin1String("EditClear"))
+            field->del();
+        else if (name == QLatin1String("EditSelectAll"))
+            field->selectAll();
+    });
+}
+
+bool MainWindow::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate && window1)
+        window1->Event_Activate();
+    return QMainWindow::event(event);
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    // Outside a dialog Qt does not press the default button on Return: do it here, for keys
+    // that no field has dealt with.
+    const bool returnKey = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (returnKey && SearchButton->isDefault() && SearchButton->isVisible()) {
+        SearchButton->click();
+        return;
+    }
+    QMainWindow::keyPressEvent(event);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    layout->apply();
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    layout->apply();
+    // The tab panel lays its pages out once shown; place the controls again then.
+    QTimer::singleShot(0, this, [this] { layout->apply(); });
 }

@@ -1,17 +1,84 @@
 #pragma once
-// The main window's widgets: the two pages "Current Location" and "All Locations".
+// The main window: its controls at their places, the menu bar, and the controller Window1
+// behind them. Every control event goes to the controller's handler of the same name.
+
+#include "LockedLayout.h"
+#include "QtControlViews.h"
 
 #include <QMainWindow>
 
+#include <memory>
+
+class MainMenuBar;
+class QButtonGroup;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
 class QTabWidget;
+class QTableView;
+class QTimer;
+class Window1;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
     explicit MainWindow(QWidget* parent = nullptr);
+    ~MainWindow() override;
 
+    Window1& controller() { return *window1; }
+    MainMenuBar* mainMenuBar() const { return menu; }
     QTabWidget* tabPanel() const { return TabPanel1; }
+    QLineEdit* textFieldDecDegrees() const { return TextFieldDecDegrees; }
+    QLineEdit* textFieldDMS() const { return TextFieldDMS; }
+    QLineEdit* textFieldUTM() const { return TextFieldUTM; }
+    QLineEdit* textFieldLabel() const { return TextFieldLabel; }
+    QLineEdit* addressField() const { return addressTextField; }
+    QPushButton* searchButton() const { return SearchButton; }
+    QRadioButton* radioButton1() const { return RadioButton1; }
+    QRadioButton* radioButton2() const { return RadioButton2; }
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
+    void createControls();
+    void createPage0(QWidget* page);
+    QLineEdit* addTextField(QWidget* page, const char* name, QRect place, int locks);
+    QLabel* addLabel(QWidget* page, const char* name, const QString& text, QRect place);
+    void wireEvents();
+    void wireMenu();
+
+    QWidget* central = nullptr;
+    MainMenuBar* menu = nullptr;
     QTabWidget* TabPanel1 = nullptr;
+    QLineEdit* TextFieldDecDegrees = nullptr;
+    QLineEdit* TextFieldDMS = nullptr;
+    QLineEdit* TextFieldUTM = nullptr;
+    QLineEdit* TextFieldLabel = nullptr;
+    QLineEdit* addressTextField = nullptr;
+    QPushButton* SearchButton = nullptr;
+    QRadioButton* RadioButton1 = nullptr;
+    QRadioButton* RadioButton2 = nullptr;
+    QButtonGroup* orderButtons = nullptr;
+    QTableView* BatchListbox = nullptr;
+    QWidget* Rectangle1 = nullptr;
+    QTimer* TimerUserLocation = nullptr;
+    std::unique_ptr<LockedLayout> layout;
+
+    // Views handed to the controller; they point at the widgets above.
+    std::unique_ptr<LineEditView> ddView, dmsView, utmView, labelView, addressView;
+    std::unique_ptr<QtPushButtonView> searchButtonView;
+    std::unique_ptr<QtRadioButtonView> radio1View, radio2View;
+    std::unique_ptr<QtTabPanelView> tabView;
+    std::unique_ptr<ItemViewListbox> listboxView;
+    std::unique_ptr<QtMessageBox> messageBoxView;
+    std::unique_ptr<QtMessageDialog> messageDialogView;
+    std::unique_ptr<QtTimerView> timerView;
+    std::unique_ptr<ColourPanelView> rectangleView;
+    std::unique_ptr<PaletteAppearance> appearanceView;
+    std::unique_ptr<Window1> window1;
 };

@@ -3,6 +3,7 @@
 #include "App.h"
 #include "MainWindow.h"
 
+
 int main(int argc, char** argv) {
     QGuiApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     App app(argc, argv);

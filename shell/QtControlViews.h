@@ -1,0 +1,126 @@
+#pragma once
+// The controller's views of the window's controls, implemented with Qt widgets.
+
+#include "coordinates/MessageBox.h"
+#include "locationbook/ControlViews.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTableView>
+#include <QTimer>
+#include <QWidget>
+
+class LineEditView : public TextFieldView {
+public:
+    explicit LineEditView(QLineEdit* edit) : edit(edit) {}
+    QString text() const override;
+    void setText(const QString& text) override;
+    void setFocus() override;
+
+private:
+    QPointer<QLineEdit> edit;
+};
+
+class QtPushButtonView : public PushButtonView {
+public:
+    explicit QtPushButtonView(QPushButton* button) : button(button) {}
+    QString caption() const override;
+    void setCaption(const QString& caption) override;
+    QString tooltip() const override;
+    void setTooltip(const QString& tooltip) override;
+    bool isDefault() const override;
+    void setDefault(bool isDefault) override;
+
+private:
+    QPointer<QPushButton> button;
+};
+
+class QtRadioButtonView : public RadioButtonView {
+public:
+    explicit QtRadioButtonView(QRadioButton* button) : button(button) {}
+    bool value() const override;
+    void setValue(bool on) override;
+
+private:
+    QPointer<QRadioButton> button;
+};
+
+class ActionMenuItemView : public MenuItemView {
+public:
+    explicit ActionMenuItemView(QAction* action) : action(action) {}
+    QString text() const override;
+    void setText(const QString& text) override;
+    bool hasCheckMark() const override;
+    void setHasCheckMark(bool marked) override;
+
+private:
+    QPointer<QAction> action;
+};
+
+class QtTabPanelView : public TabPanelView {
+public:
+    explicit QtTabPanelView(QTabWidget* tabs) : tabs(tabs) {}
+    int selectedPanelIndex() const override;
+
+private:
+    QPointer<QTabWidget> tabs;
+};
+
+// Modal message boxes over the main window.
+class QtMessageBox : public MessageBox {
+public:
+    explicit QtMessageBox(QWidget* parent) : parent(parent) {}
+    void show(const QString& text) override;
+
+private:
+    QPointer<QWidget> parent;
+};
+
+class QtMessageDialog : public MessageDialogView {
+public:
+    explicit QtMessageDialog(QWidget* parent) : parent(parent) {}
+    Answer showModal(const Question& question) override;
+
+private:
+    QPointer<QWidget> parent;
+};
+
+class QtTimerView : public TimerView {
+public:
+    explicit QtTimerView(QTimer* timer) : timer(timer) {}
+    int runMode() const override;
+    void setRunMode(int mode) override;
+
+private:
+    QPointer<QTimer> timer;
+};
+
+// A plain panel painted in one colour.
+class ColourPanelView : public RectangleView {
+public:
+    explicit ColourPanelView(QWidget* panel) : panel(panel) {}
+    void setFillColor(std::uint32_t colourWord) override;
+
+private:
+    QPointer<QWidget> panel;
+};
+
+// Dark when the window colour of the palette is darker than mid-grey.
+class PaletteAppearance : public AppearanceView {
+public:
+    bool isDarkMode() const override;
+};
+
+class ItemViewListbox : public BatchListboxView {
+public:
+    explicit ItemViewListbox(QTableView* view) : view(view) {}
+    int selectedRowCount() const override;
+    void setSelectedRowIndex(int row) override;
+
+private:
+    QPointer<QTableView> view;
+};
