@@ -1,5 +1,6 @@
 #include "generalModule.h"
 
+#include "DMSTextMatch.h"
 #include "LatLon_UTM.h"
 #include "MessageBox.h"
 #include "NumberText.h"
@@ -43,22 +44,22 @@ struct DMSReading {
 };
 
 DMSReading readDMSText(const QString& text) {
-    static const QRegularExpression pattern(
-        QStringLiteral("(-?\\d+)°? ?(\\d+)'? (\\d*\\.?\\d*)?\"? *(.)?"));
     DMSReading r;
-    const QRegularExpressionMatch m = pattern.match(withPlainQuotes(text));
-    if (!m.hasMatch() || m.capturedStart(4) == -1)
+    const QString plainText = withPlainQuotes(text);
+    const DMSTextMatch m = matchDMSText(plainText);
+    if (!m.found() || !m.took(4))
         return r;
     const NumberLocale plain;
-    const QStringView degreesText = m.capturedView(1);
+    const QStringView degreesText = m.captured(plainText, 1);
+    const QStringView minutesText = m.captured(plainText, 2);
+    const QStringView secondsText = m.captured(plainText, 3);
     r.found = true;
     r.degrees = ToInteger(degreesText);
-    r.minutes = ToInteger(m.capturedView(2));
-    r.seconds = ToDouble(m.capturedView(3), plain);
-    r.letter = m.captured(4);
+    r.minutes = ToInteger(minutesText);
+    r.seconds = ToDouble(secondsText, plain);
+    r.letter = m.captured(plainText, 4).toString();
     const double magnitude = std::fabs(ToDouble(degreesText, plain)) +
-                             ToDouble(m.capturedView(2), plain) / 60 +
-                             ToDouble(m.capturedView(3), plain) / 3600;
+                             ToDouble(minutesText, plain) / 60 + ToDouble(secondsText, plain) / 3600;
     r.value = degreesText.startsWith(QLatin1Char('-')) ? -magnitude : magnitude;
     if (r.letter.compare(QLatin1String("S"), Qt::CaseInsensitive) == 0 ||
         r.letter.compare(QLatin1String("W"), Qt::CaseInsensitive) == 0)

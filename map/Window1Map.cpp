@@ -71,11 +71,40 @@ bool Window1::addressTextField_KeyDown(int key) {
     return true;
 }
 
-bool Window1::_FileNewLocation_Action() { return false; }
-bool Window1::_FileNewLocationatMapClick_Action() { return false; }
+bool Window1::_FileNewLocation_Action() {
+    makeNewEntry();
+    return true;
+}
+
+bool Window1::_FileNewLocationatMapClick_Action() {
+    makeNewEntry();
+    c.SearchButton->setDefault(true);
+    c.SearchButton->setCaption(QStringLiteral("Click Map"));
+    c.TextFieldLabel->setFocus();
+    tappingMap = true; // the next release on the map makes the location
+    return true;
+}
+
 bool Window1::_EditRemoveLocations_Action() { return false; }
-bool Window1::_FormatImperialUnits_Action() { return false; }
-bool Window1::_FormatMetricUnits_Action() { return false; }
+// Exactly one of the two unit items is checked: choosing either changes over to the other
+// system when it was already checked.
+bool Window1::_FormatImperialUnits_Action() {
+    MenuItemView& imperial = c.MainMenuBar->item(QStringLiteral("FormatImperialUnits"));
+    imperial.setHasCheckMark(!imperial.hasCheckMark());
+    c.MainMenuBar->item(QStringLiteral("FormatMetricUnits"))
+        .setHasCheckMark(!imperial.hasCheckMark());
+    unitFmt.Units = imperial.hasCheckMark() ? 2 : 1;
+    return true;
+}
+
+bool Window1::_FormatMetricUnits_Action() {
+    MenuItemView& metric = c.MainMenuBar->item(QStringLiteral("FormatMetricUnits"));
+    metric.setHasCheckMark(!metric.hasCheckMark());
+    c.MainMenuBar->item(QStringLiteral("FormatImperialUnits"))
+        .setHasCheckMark(!metric.hasCheckMark());
+    unitFmt.Units = metric.hasCheckMark() ? 1 : 2;
+    return true;
+}
 bool Window1::_MapShowUserLocation_Action() { return false; }
 bool Window1::_MapShowAllLocations_Action() { return false; }
 bool Window1::_MapDistancefromCurrentPt_Action() { return false; }

@@ -133,6 +133,48 @@ private slots:
         QVERIFY(!menu->action("FormatShowm")->isChecked());
     }
 
+    void shortcutsReachTheirHandlersByName() {
+        MainMenuBar* menu = window->mainMenuBar();
+        const bool metricAtStart = menu->action("FormatMetricUnits")->isChecked();
+        QCOMPARE(menu->action("FormatImperialUnits")->isChecked(), !metricAtStart);
+        QTest::keyClick(window.get(), Qt::Key_F, Qt::ControlModifier);
+        QCOMPARE(menu->action("FormatImperialUnits")->isChecked(), metricAtStart);
+        QCOMPARE(menu->action("FormatMetricUnits")->isChecked(), !metricAtStart);
+        QCOMPARE(window->controller().unitFmt.Units, metricAtStart ? 2 : 1);
+        QTest::keyClick(window.get(), Qt::Key_M, Qt::ControlModifier);
+        QCOMPARE(menu->action("FormatMetricUnits")->isChecked(), metricAtStart);
+
+        // Ctrl+Shift+N after a recorded entry: the form empties and a map click is awaited.
+        typeAndReturn(window->textFieldDecDegrees(), "45.5 9.25");
+        QTest::mouseClick(window->searchButton(), Qt::LeftButton);
+        QCOMPARE(window->controller().locations.size(), std::size_t(1));
+        QTest::keyClick(window.get(), Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+        QVERIFY(window->textFieldDecDegrees()->text().isEmpty());
+        QVERIFY(window->textFieldUTM()->text().isEmpty());
+        QCOMPARE(window->searchButton()->text(), QStringLiteral("Click Map"));
+        QVERIFY(window->controller().tappingMap);
+        QVERIFY(window->textFieldLabel()->hasFocus());
+    }
+
+    void emptyFieldReturnPressesTheDefaultButton() {
+        // Nothing to read: the key goes on, and Return presses "Click Map", which arms the map.
+        QLineEdit* dd = window->textFieldDecDegrees();
+        dd->setFocus();
+        QTest::keyClick(dd, Qt::Key_Return);
+        QVERIFY(window->controller().tappingMap);
+        QVERIFY(window->controller().enteringDD);
+    }
+
+    void editRemoveCaptionFollowsTheMenuOpening() {
+        QMenu* edit = window->mainMenuBar()->findChild<QMenu*>("EditMenu");
+        QVERIFY(edit);
+        QCOMPARE(window->mainMenuBar()->action("EditRemoveLocations")->text(),
+                 QStringLiteral("Remove Location(s)"));
+        emit edit->aboutToShow();
+        QCOMPARE(window->mainMenuBar()->action("EditRemoveLocations")->text(),
+                 QStringLiteral("Remove Location"));
+    }
+
     void saveScreenshot() {
         typeAndReturn(window->textFieldDecDegrees(), "45.5 9.25");
         QDir().mkpath(GEOQUILL_SCREENSHOT_DIR);
