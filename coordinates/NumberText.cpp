@@ -2,6 +2,7 @@
 
 #include "SafeInteger.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -122,6 +123,14 @@ double ToDouble(QStringView text, const NumberLocale& locale) {
     }
     if (number == "0" || number == "0.")
         return 0.0; // no digit at all: not a number, which reads as 0
+    // Decimal order of the leading significant digit. A number out of range overflows when its
+    // order with the exponent is positive: 400 digits without an exponent are infinite, not 0.
+    const std::size_t pointAt = std::min(number.find('.'), number.size());
+    const std::size_t leadingAt = number.find_first_not_of("0.");
+    long order = 0;
+    if (leadingAt != std::string::npos)
+        order = leadingAt < pointAt ? static_cast<long>(pointAt - leadingAt) - 1
+                                    : -static_cast<long>(leadingAt - pointAt);
     long exponent = 0;
     if (readExponent(text, i, exponent))
         number += 'e' + std::to_string(exponent);
@@ -129,7 +138,7 @@ double ToDouble(QStringView text, const NumberLocale& locale) {
     double value = 0;
     const auto parsed = std::from_chars(number.data(), number.data() + number.size(), value);
     if (parsed.ec == std::errc::result_out_of_range)
-        value = exponent > 0 ? std::numeric_limits<double>::infinity() : 0.0;
+        value = order + exponent > 0 ? std::numeric_limits<double>::infinity() : 0.0;
     return negative ? -value : value;
 }
 

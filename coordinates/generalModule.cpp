@@ -2,6 +2,7 @@
 
 #include "DMSTextMatch.h"
 #include "LatLon_UTM.h"
+#include "LoneSurrogates.h"
 #include "MessageBox.h"
 #include "NumberText.h"
 #include "SafeInteger.h"
@@ -110,7 +111,7 @@ VertexRef vertexFromUTM(double easting, double northing, const QString& zoneText
     static const QRegularExpression pattern(QStringLiteral("(-?\\d\\d?) *(.)?"));
     auto v = std::make_shared<Vertex>();
     UtmZone& zone = *v->utmZ;
-    const QRegularExpressionMatch m = pattern.match(zoneText);
+    const QRegularExpressionMatch m = pattern.match(withoutLoneSurrogates(zoneText));
     if (m.hasMatch()) {
         zone[1] = ToInteger(m.capturedView(1));
         if (m.capturedStart(2) != -1 &&

@@ -1,6 +1,7 @@
 #include "NotationParse.h"
 
 #include "coordinates/LatLon_UTM.h"
+#include "coordinates/LoneSurrogates.h"
 #include "coordinates/MessageBox.h"
 #include "coordinates/SafeInteger.h"
 #include "coordinates/TypographicQuotes.h"
@@ -38,8 +39,10 @@ const QRegularExpression& utmPattern() {
     return re;
 }
 
-// The text as the patterns expect it: the locale's own minus sign as '-'.
+// The text as the patterns expect it: whole surrogate pairs only, and the locale's own minus
+// sign as '-'.
 QString withAsciiMinus(QString text, const NumberLocale& locale) {
+    text = withoutLoneSurrogates(std::move(text));
     if (locale.minusSign != QLatin1Char('-'))
         text.replace(locale.minusSign, QLatin1Char('-'));
     return text;
