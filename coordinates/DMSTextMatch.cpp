@@ -71,10 +71,12 @@ bool matchAt(const QString& t, int b, bool minus, DMSTextMatch& m) {
         ++q;
     while (is(t, q, u' '))
         ++q;
-    // The letter: any one character but a line feed.
+    // The letter: any one character but a line feed; a surrogate pair is one character.
     if (q < t.size() && t[q] != QLatin1Char('\n')) {
-        setGroup(m, 4, q, q + 1);
-        ++q;
+        const bool pair = t[q].isHighSurrogate() && q + 1 < t.size() && t[q + 1].isLowSurrogate();
+        const int width = pair ? 2 : 1;
+        setGroup(m, 4, q, q + width);
+        q += width;
     }
     setGroup(m, 0, matchStart, q);
     return true;

@@ -223,27 +223,33 @@ void utm2ll(double easting, double northing, double& lon, double& lat, const Utm
 
     const double sinPhi1 = std::sin(phi1);
     const double cosPhi1 = std::cos(phi1);
-    const double tanPhi1 = sinPhi1 / cosPhi1;
+    // One reciprocal each for cos phi1 and the radius terms: divisions dominate the inverse.
+    const double secPhi1 = 1 / cosPhi1;
+    const double tanPhi1 = sinPhi1 * secPhi1;
     const double C1 = ep2 * cosPhi1 * cosPhi1;
     const double T1 = tanPhi1 * tanPhi1;
     const double w = 1 - e2 * sinPhi1 * sinPhi1;
-    const double N1 = a / std::sqrt(w);
-    const double R1 = (1 - e2) * a / (w * std::sqrt(w));
-    const double D = x / (k0 * N1);
+    const double rootW = std::sqrt(w);
+    // N1 / R1 = w / (1 - e2), and D = x / (k0 N1) = x rootW / (k0 a).
+    const double N1overR1 = w / (1 - e2);
+    const double D = x * rootW / (k0 * a);
     const double D2 = D * D, D3 = D2 * D, D4 = D2 * D2;
+    constexpr double inv6 = 1.0 / 6, inv24 = 1.0 / 24, inv120 = 1.0 / 120, inv720 = 1.0 / 720;
 
     const double phi =
-        phi1 - (N1 * tanPhi1 / R1) *
-                   (D2 / 2 - (5 + 3 * T1 + 10 * C1 - 4 * C1 * C1 - 9 * ep2) * D4 / 24 +
+        phi1 - (N1overR1 * tanPhi1) *
+                   (D2 / 2 - (5 + 3 * T1 + 10 * C1 - 4 * C1 * C1 - 9 * ep2) * D4 * inv24 +
                     (61 + 90 * T1 + 298 * C1 + 45 * T1 * T1 - 252 * ep2 - 3 * C1 * C1) * D4 *
-                        D2 / 720);
+                        D2 * inv720);
     const double lambda =
-        lambda0 + (D - (1 + 2 * T1 + C1) * D3 / 6 +
-                   (5 - 2 * C1 + 28 * T1 - 3 * C1 * C1 + 8 * ep2 + 24 * T1 * T1) * D3 * D2 / 120) /
-                      cosPhi1;
+        lambda0 +
+        (D - (1 + 2 * T1 + C1) * D3 * inv6 +
+         (5 - 2 * C1 + 28 * T1 - 3 * C1 * C1 + 8 * ep2 + 24 * T1 * T1) * D3 * D2 * inv120) *
+            secPhi1;
 
-    lat = 180 * phi / piOut;
-    lon = 180 * lambda / piOut;
+    constexpr double degreesPerRadianOut = 180 / piOut;
+    lat = phi * degreesPerRadianOut;
+    lon = lambda * degreesPerRadianOut;
 }
 
 } // namespace LatLon_UTM

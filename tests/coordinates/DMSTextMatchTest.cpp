@@ -58,6 +58,8 @@ INSTANTIATE_TEST_SUITE_P(
                     NamedText{"line_feed_is_no_letter", "12 30 5\n"},
                     NamedText{"carriage_return_is_a_letter", "12 30 5\r"},
                     NamedText{"second_run_matches", "1x 22 33 S"},
+                    // The letter group took half of a surrogate pair.
+                    NamedText{"letter_outside_the_basic_plane", "45 30 \xF0\x9F\x8C\x8D"},
                     NamedText{"empty", ""}),
     [](const auto& info) { return std::string(info.param.name); });
 
