@@ -2,9 +2,13 @@
 // What the controller needs of each kind of control, and nothing more. The shell implements
 // these with Qt widgets; the tests implement them with fakes that record what was written.
 
+#include "BatchCellText.h"
+#include "coordinates/Vertex.h"
+
 #include <QString>
 
 #include <cstdint>
+#include <vector>
 
 class TextFieldView {
 public:
@@ -93,6 +97,52 @@ public:
     virtual void setFillColor(std::uint32_t colourWord) = 0;
 };
 
+// The painter of one table cell's background, in the cell's own coordinates.
+class GraphicsView {
+public:
+    virtual ~GraphicsView() = default;
+    // Colour word 0xAARRGGBB, AA 0x00 opaque and 0xFF fully transparent.
+    virtual std::uint32_t foreColor() const = 0;
+    virtual void setForeColor(std::uint32_t colourWord) = 0;
+    virtual int width() const = 0;
+    virtual int height() const = 0;
+    virtual void fillRectangle(int x, int y, int width, int height) = 0;
+};
+
+// An entry of a pop-up button's menu, with its submenu. Entries are found by their text, and
+// the comparison ignores case.
+struct PopupMenuItem {
+    QString Text;
+    bool HasCheckMark = false;
+    std::vector<PopupMenuItem> children;
+
+    PopupMenuItem& addChild(const QString& text, bool marked = false) {
+        children.push_back(PopupMenuItem{text, marked, {}});
+        return children.back();
+    }
+    // The child of that text, or null.
+    PopupMenuItem* child(const QString& text) {
+        for (PopupMenuItem& item : children)
+            if (item.Text.compare(text, Qt::CaseInsensitive) == 0)
+                return &item;
+        return nullptr;
+    }
+};
+
+// A button that opens a menu of settings when pressed (the format buttons beside the fields).
+class PopupButtonView {
+public:
+    virtual ~PopupButtonView() = default;
+    virtual QString caption() const = 0;
+    virtual void setCaption(const QString& caption) = 0;
+    // 0 centred; 1 the menu drops down from the button.
+    virtual void setCaptionAlignment(int alignment) = 0;
+    virtual void setMenuStyle(int style) = 0;
+    // The button's menu; the button shows the marks as they are whenever it is opened.
+    virtual PopupMenuItem& menu() = 0;
+    virtual void setMenu(const PopupMenuItem& menu) = 0;
+};
+
 // The system's appearance.
 class AppearanceView {
 public:
@@ -100,11 +150,27 @@ public:
     virtual bool isDarkMode() const = 0;
 };
 
-// The table of recorded locations on page 1.
+// The table of recorded locations on page 1. A row is named by the place of its record in the
+// list of locations at the last rebuild, whichever place a sort has given it on screen.
 class BatchListboxView {
 public:
     virtual ~BatchListboxView() = default;
+    virtual QString headerAt(int column) const = 0;
+    virtual void setHeaderAt(int column, const QString& text) = 0;
+    // Removes every row and adds one per record, in the order of the list: the cells show the
+    // texts of the record under the format, the tick boxes the records' ticks; nothing selected.
+    virtual void showLocations(const std::vector<VertexRef>& locations,
+                               const BatchCellFormat& format) = 0;
+    // The last row, -1 for an empty table.
+    virtual int lastRowIndex() const = 0;
+    virtual QString cellValueAt(int row, int column) const = 0;
+    virtual bool cellCheckBoxValueAt(int row, int column) const = 0;
+    virtual bool selected(int row) const = 0;
+    // Selects exactly these rows.
+    virtual void setSelectedRows(const std::vector<int>& rows) = 0;
     virtual int selectedRowCount() const = 0;
-    // Selects that row alone.
+    // Selects that row alone and brings it into view.
     virtual void setSelectedRowIndex(int row) = 0;
+    // The rows as the table shows them, top first.
+    virtual std::vector<int> rowsInDisplayOrder() const = 0;
 };

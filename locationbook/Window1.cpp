@@ -18,14 +18,22 @@ void Window1::Event_Open() {
 
     // A separator starts as comma and blank together, shown by two check marks.
     const std::pair<const char*, bool> marks[] = {
-        {"SeparatorTab", false},          {"SeparatorSpace", true},
-        {"SeparatorComma", true},         {"FormatShowDDHemiLet", false},
-        {"FormatShowDegree", false},      {"SeparatorDMScomma", true},
-        {"SeparatorDMSTab", false},       {"SeparatorDMSSpace", true},
-        {"FormatShowDMSSymbols", true},   {"FormatShowDMShemiLet", true},
-        {"FormatUTMSeparatorTab", false}, {"FormatUTMSeparatorComma", true},
-        {"FormatUTMSeparatorSpace", true}, {"FormatShowEandN", true},
-        {"FormatShowm", false},           {"FormatZoneinSHemisph", true},
+        {"SeparatorTab", false},
+        {"SeparatorSpace", true},
+        {"SeparatorComma", true},
+        {"FormatShowDDHemiLet", false},
+        {"FormatShowDegree", false},
+        {"SeparatorDMScomma", true},
+        {"SeparatorDMSTab", false},
+        {"SeparatorDMSSpace", true},
+        {"FormatShowDMSSymbols", true},
+        {"FormatShowDMShemiLet", true},
+        {"FormatUTMSeparatorTab", false},
+        {"FormatUTMSeparatorComma", true},
+        {"FormatUTMSeparatorSpace", true},
+        {"FormatShowEandN", true},
+        {"FormatShowm", false},
+        {"FormatZoneinSHemisph", true},
     };
     for (const auto& [name, marked] : marks)
         menu.item(QString::fromLatin1(name)).setHasCheckMark(marked);
@@ -56,7 +64,9 @@ void Window1::TabPanel1_Change() {
                            : QStringLiteral("Distance Between Selected Pts"));
 }
 
-VertexRef Window1::cloneLocation(const Vertex& source) const { return ::cloneLocation(source); }
+VertexRef Window1::cloneLocation(const Vertex& source) const {
+    return ::cloneLocation(source);
+}
 
 const std::vector<std::pair<QString, Window1::MenuHandler>>& Window1::AddMenuHandlers() {
     static const std::vector<std::pair<QString, MenuHandler>> handlers = {

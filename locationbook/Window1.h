@@ -33,6 +33,9 @@ struct Window1Controls {
     TabPanelView* TabPanel1 = nullptr;
     BatchListboxView* BatchListbox = nullptr;
     MenuBarView* MainMenuBar = nullptr;
+    PopupButtonView* BevelButtonFormatDD = nullptr;
+    PopupButtonView* BevelButtonFormatDMS = nullptr;
+    PopupButtonView* BevelButtonFormatUTM = nullptr;
     MessageBox* messageBox = nullptr;
     MessageDialogView* messageDialog = nullptr;
     TimerView* TimerUserLocation = nullptr;
@@ -48,6 +51,9 @@ struct DistanceUnits {
 
 class Window1 : public NotationSettings {
 public:
+    enum class Notation { DD, DMS, UTM };
+    enum class SeparatorKind { Comma, Space, Tab };
+
     explicit Window1(const Window1Controls& controls);
     Window1(const Window1&) = delete;
     Window1& operator=(const Window1&) = delete;
@@ -65,9 +71,9 @@ public:
     bool enteringUTM = false;
     QString theText; // a notation field's text when it got the focus
 
-    MapView* mapview = nullptr; // set by Map_Open
-    std::vector<MapPinRef> Pins; // one pin per recorded location, joined by index
-    MapPinRef currentPin;        // the pin of the location on show
+    MapView* mapview = nullptr;     // set by Map_Open
+    std::vector<MapPinRef> Pins;    // one pin per recorded location, joined by index
+    MapPinRef currentPin;           // the pin of the location on show
     std::vector<MapCoordinate> mpt; // points clicked so far for a distance
     DistanceUnits unitFmt;
     std::int64_t xDown = 0, yDown = 0; // where the last map press happened (pixels)
@@ -123,6 +129,26 @@ public:
     void recordEntry();
     void FillDetailsForm();
     void fillBatchTable();
+
+    // --- The table of recorded locations (rows are places in locations) ----------------------
+    // false: the table goes on with its own handling of the click.
+    bool BatchListbox_CellClick(std::int64_t row, std::int64_t column, std::int64_t x,
+                                std::int64_t y);
+    void BatchListbox_CellAction(std::int64_t row, std::int64_t column);
+    void BatchListbox_Change();
+    // true when result is set (-1, 0, 1); false leaves the pair to the table's text order.
+    bool BatchListbox_CompareRows(std::int64_t row1, std::int64_t row2, std::int64_t column,
+                                  std::int64_t& result);
+    // row is the row's place on screen: the stripes alternate down the screen.
+    bool BatchListbox_CellBackgroundPaint(GraphicsView& g, std::int64_t row, std::int64_t column);
+
+    // --- The pop-up format buttons -----------------------------------------------------------
+    void BevelButtonFormatDD_Open();
+    void BevelButtonFormatDMS_Open();
+    void BevelButtonFormatUTM_Open();
+    void BevelButtonFormatDD_MenuSelected(PopupMenuItem& hitItem);
+    void BevelButtonFormatDMS_MenuSelected(PopupMenuItem& hitItem);
+    void BevelButtonFormatUTM_MenuSelected(PopupMenuItem& hitItem);
 
     // --- The map -----------------------------------------------------------------------------
     void LoadMap(double lat, double lon);
@@ -180,13 +206,27 @@ private:
     void showParsedLocation();
     // Return in a notation field, and the field losing the focus.
     bool notationKeyDown(int key, TextFieldView& field, bool& entering, bool skipIfUnchanged,
-                         void (Window1::*parse)(), QString (Window1::*format)(double, double) const);
+                         void (Window1::*parse)(),
+                         QString (Window1::*format)(double, double) const);
     void notationLostFocus(TextFieldView& field, bool skipIfUnchanged, void (Window1::*parse)(),
                            QString (Window1::*format)(double, double) const);
     void notationTextChange();
     void enterOnly(bool& flag);
     void orderButtonAction();
     void setSearchButton(const QString& caption, const QString& tooltip, bool isDefault);
+    bool isLocationRow(std::int64_t row) const;
+
+    // The format controls.
+    PopupButtonView* formatButton(Notation notation) const;
+    PopupMenuItem* formatButtonEntry(Notation notation, const QString& text) const;
+    void rewriteNotationField(Notation notation);
+    void setFormatMarks(Notation notation, SeparatorKind kind, bool marked);
+    void openFormatButton(Notation notation, const QString& caption,
+                          const std::vector<QString>& entries);
+    bool showOptionFromMenuBar(const char* itemName);
+    void separatorMarkChanged(Notation notation, SeparatorKind kind, bool nowOn);
+    bool separatorFromMenuBar(Notation notation, SeparatorKind kind);
+    void formatButtonMenuSelected(Notation notation, PopupMenuItem& hitItem);
 
     Window1Controls c;
 };

@@ -28,6 +28,10 @@ QString Window1::formatDMS(double lon, double lat) const {
 }
 
 QString Window1::formatUTM(double lon, double lat) const {
+    // Before any location is entered there is no position to project; like the other two
+    // notations with both values missing, the field shows the separator alone.
+    if (lon <= missingCoordinate || lat <= missingCoordinate)
+        return UTMseparator;
     return ::formatUTM(lon, lat, *this, numberLocale);
 }
 

@@ -21,8 +21,8 @@ void LockedLayout::apply() {
             r.translate(0, dh);
         // Window coordinates to the control's parent (a tab page sits inside the tab panel).
         QWidget* parent = e.control->parentWidget();
-        const QPoint topLeft = parent && parent != window ? parent->mapFrom(window, r.topLeft())
-                                                          : r.topLeft();
+        const QPoint topLeft =
+            parent && parent != window ? parent->mapFrom(window, r.topLeft()) : r.topLeft();
         e.control->setGeometry(QRect(topLeft, r.size()));
     }
 }

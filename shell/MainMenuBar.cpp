@@ -152,7 +152,9 @@ void MainMenuBar::addItems(QMenu* menu, int firstRow, int endRow) {
     }
 }
 
-QAction* MainMenuBar::action(const QString& name) const { return actions.value(name, nullptr); }
+QAction* MainMenuBar::action(const QString& name) const {
+    return actions.value(name, nullptr);
+}
 
 MenuItemView& MainMenuBar::item(const QString& name) {
     auto it = views.find(name);

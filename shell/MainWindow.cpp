@@ -1,7 +1,10 @@
 #include "MainWindow.h"
 
+#include "BatchTableView.h"
+#include "FormatPopupButton.h"
 #include "MainMenuBar.h"
 #include "TextFieldEvents.h"
+#include "locationbook/BatchTable.h"
 #include "locationbook/Window1.h"
 
 #include <QButtonGroup>
@@ -12,7 +15,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
-#include <QTableView>
 #include <QTimer>
 
 namespace {
@@ -61,7 +63,10 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
     c.RadioButton1 = (radio1View = std::make_unique<QtRadioButtonView>(RadioButton1)).get();
     c.RadioButton2 = (radio2View = std::make_unique<QtRadioButtonView>(RadioButton2)).get();
     c.TabPanel1 = (tabView = std::make_unique<QtTabPanelView>(TabPanel1)).get();
-    c.BatchListbox = (listboxView = std::make_unique<ItemViewListbox>(BatchListbox)).get();
+    c.BatchListbox = batchTable.get();
+    c.BevelButtonFormatDD = BevelButtonFormatDD;
+    c.BevelButtonFormatDMS = BevelButtonFormatDMS;
+    c.BevelButtonFormatUTM = BevelButtonFormatUTM;
     c.MainMenuBar = menu;
     c.messageBox = (messageBoxView = std::make_unique<QtMessageBox>(this)).get();
     c.messageDialog = (messageDialogView = std::make_unique<QtMessageDialog>(this)).get();
@@ -74,12 +79,19 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
     wireMenu();
     resize(800, 650 + menu->sizeHint().height());
     setMinimumSize(536, 410 + menu->sizeHint().height());
+    // Controls open before their window.
+    window1->BevelButtonFormatDD_Open();
+    window1->BevelButtonFormatDMS_Open();
+    window1->BevelButtonFormatUTM_Open();
     window1->Event_Open();
 }
 
 MainWindow::~MainWindow() {
     // The controller goes first: widgets being torn down must not reach it.
     window1.reset();
+    batchTable->onCellAction = nullptr;
+    batchTable->onChange = nullptr;
+    batchTable->onCompareRows = nullptr;
 }
 
 void MainWindow::createControls() {
@@ -92,10 +104,16 @@ void MainWindow::createControls() {
     layout->add(TabPanel1, QRect(20, 10, 760, 620), L | T | R | B);
     createPage0(page0);
 
-    BatchListbox = new QTableView(page1);
+    batchTable = std::make_unique<BatchTable>();
+    BatchTableView::Events tableEvents;
+    tableEvents.cellClick = [this](int row, int column, int x, int y) {
+        return window1 && window1->BatchListbox_CellClick(row, column, x, y);
+    };
+    tableEvents.cellBackgroundPaint = [this](GraphicsView& g, int row, int column) {
+        return window1 && window1->BatchListbox_CellBackgroundPaint(g, row, column);
+    };
+    BatchListbox = new BatchTableView(batchTable.get(), tableEvents, page1);
     BatchListbox->setObjectName(QStringLiteral("BatchListbox"));
-    BatchListbox->setSelectionBehavior(QAbstractItemView::SelectRows);
-    BatchListbox->setSelectionMode(QAbstractItemView::ExtendedSelection);
     layout->add(BatchListbox, QRect(40, 48, 720, 562), L | T | R | B);
 
     TimerUserLocation = new QTimer(this);
@@ -108,6 +126,13 @@ QLineEdit* MainWindow::addTextField(QWidget* page, const char* name, QRect place
     field->setObjectName(QString::fromLatin1(name));
     layout->add(field, place, locks);
     return field;
+}
+
+FormatPopupButton* MainWindow::addFormatButton(QWidget* page, const char* name, QRect place) {
+    auto* button = new FormatPopupButton(page);
+    button->setObjectName(QString::fromLatin1(name));
+    layout->add(button, place, T | R);
+    return button;
 }
 
 QLabel* MainWindow::addLabel(QWidget* page, const char* name, const QString& text, QRect place) {
@@ -150,8 +175,7 @@ void MainWindow::createPage0(QWidget* page) {
     SearchButton->setDefault(true);
     layout->add(SearchButton, QRect(632, 191, 137, 20), T | R);
 
-    addressTextField =
-        addTextField(page, "addressTextField", QRect(156, 189, 464, 22), L | T | R);
+    addressTextField = addTextField(page, "addressTextField", QRect(156, 189, 464, 22), L | T | R);
     addressTextField->setPlaceholderText(QStringLiteral("Type address"));
     addressTextField->setToolTip(
         QStringLiteral("Type an address in this text field and then click the Find Address "
@@ -172,6 +196,9 @@ void MainWindow::createPage0(QWidget* page) {
     TextFieldDecDegrees->setToolTip(QString::fromLatin1(latLonTooltip));
     addLabel(page, "Label3", QStringLiteral("Decimal Degrees:"), QRect(32, 88, 112, 20));
     addLabel(page, "Label6", QStringLiteral("Address:"), QRect(32, 191, 112, 20));
+    BevelButtonFormatDD = addFormatButton(page, "BevelButtonFormatDD", QRect(692, 88, 78, 22));
+    BevelButtonFormatDMS = addFormatButton(page, "BevelButtonFormatDMS", QRect(692, 122, 78, 22));
+    BevelButtonFormatUTM = addFormatButton(page, "BevelButtonFormatUTM", QRect(692, 156, 78, 22));
 
     // One caption size for the page's labels and order buttons: the one the longest needs.
     qreal captionSize = font().pointSizeF();
@@ -203,28 +230,47 @@ void MainWindow::wireEvents() {
                          [w] { w->TextFieldDecDegrees_LostFocus(); },
                          [w] { w->TextFieldDecDegrees_MouseDown(); },
                          [w] { w->TextFieldDecDegrees_TextChange(); }});
-    new TextFieldEvents(TextFieldDMS, {[w](int k) { return w->TextFieldDMS_KeyDown(k); },
-                                       [w] { w->TextFieldDMS_GotFocus(); },
-                                       [w] { w->TextFieldDMS_LostFocus(); },
-                                       [w] { w->TextFieldDMS_MouseDown(); },
-                                       [w] { w->TextFieldDMS_TextChange(); }});
-    new TextFieldEvents(TextFieldUTM, {[w](int k) { return w->TextFieldUTM_KeyDown(k); },
-                                       [w] { w->TextFieldUTM_GotFocus(); },
-                                       [w] { w->TextFieldUTM_LostFocus(); },
-                                       [w] { w->TextFieldUTM_MouseDown(); },
-                                       [w] { w->TextFieldUTM_TextChange(); }});
+    new TextFieldEvents(TextFieldDMS,
+                        {[w](int k) { return w->TextFieldDMS_KeyDown(k); },
+                         [w] { w->TextFieldDMS_GotFocus(); }, [w] { w->TextFieldDMS_LostFocus(); },
+                         [w] { w->TextFieldDMS_MouseDown(); },
+                         [w] { w->TextFieldDMS_TextChange(); }});
+    new TextFieldEvents(TextFieldUTM,
+                        {[w](int k) { return w->TextFieldUTM_KeyDown(k); },
+                         [w] { w->TextFieldUTM_GotFocus(); }, [w] { w->TextFieldUTM_LostFocus(); },
+                         [w] { w->TextFieldUTM_MouseDown(); },
+                         [w] { w->TextFieldUTM_TextChange(); }});
     new TextFieldEvents(TextFieldLabel, {{}, {}, {}, {}, [w] { w->TextFieldLabel_TextChange(); }});
-    new TextFieldEvents(addressTextField,
-                        {[w](int k) { return w->addressTextField_KeyDown(k); }, {}, {}, {},
-                         [w] { w->addressTextField_TextChange(); }});
+    new TextFieldEvents(addressTextField, {[w](int k) { return w->addressTextField_KeyDown(k); },
+                                           {},
+                                           {},
+                                           {},
+                                           [w] { w->addressTextField_TextChange(); }});
     connect(RadioButton1, &QRadioButton::clicked, this, [w] { w->RadioButton1_Action(); });
     connect(RadioButton2, &QRadioButton::clicked, this, [w] { w->RadioButton2_Action(); });
     connect(SearchButton, &QPushButton::clicked, this, [w] { w->SearchButton_Action(); });
     connect(TabPanel1, &QTabWidget::currentChanged, this, [w] { w->TabPanel1_Change(); });
+    BevelButtonFormatDD->onMenuSelected = [w](PopupMenuItem& hit) {
+        w->BevelButtonFormatDD_MenuSelected(hit);
+    };
+    BevelButtonFormatDMS->onMenuSelected = [w](PopupMenuItem& hit) {
+        w->BevelButtonFormatDMS_MenuSelected(hit);
+    };
+    BevelButtonFormatUTM->onMenuSelected = [w](PopupMenuItem& hit) {
+        w->BevelButtonFormatUTM_MenuSelected(hit);
+    };
+    batchTable->onCellAction = [w](int row, int column) {
+        w->BatchListbox_CellAction(row, column);
+    };
+    batchTable->onChange = [w] { w->BatchListbox_Change(); };
+    batchTable->onCompareRows = [w](int row1, int row2, int column, std::int64_t& result) {
+        return w->BatchListbox_CompareRows(row1, row2, column, result);
+    };
 }
 
 void MainWindow::wireMenu() {
-    connect(menu, &MainMenuBar::menuAboutToShow, this, [this] { window1->Event_EnableMenuItems(); });
+    connect(menu, &MainMenuBar::menuAboutToShow, this,
+            [this] { window1->Event_EnableMenuItems(); });
     connect(menu, &MainMenuBar::itemChosen, this, [this](const QString& name) {
         if (window1->menuItemChosen(name))
             return;

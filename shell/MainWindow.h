@@ -9,6 +9,9 @@
 
 #include <memory>
 
+class BatchTable;
+class BatchTableView;
+class FormatPopupButton;
 class MainMenuBar;
 class QButtonGroup;
 class QLabel;
@@ -16,7 +19,6 @@ class QLineEdit;
 class QPushButton;
 class QRadioButton;
 class QTabWidget;
-class QTableView;
 class QTimer;
 class Window1;
 
@@ -37,6 +39,10 @@ public:
     QPushButton* searchButton() const { return SearchButton; }
     QRadioButton* radioButton1() const { return RadioButton1; }
     QRadioButton* radioButton2() const { return RadioButton2; }
+    BatchTableView* batchListbox() const { return BatchListbox; }
+    FormatPopupButton* bevelButtonFormatDD() const { return BevelButtonFormatDD; }
+    FormatPopupButton* bevelButtonFormatDMS() const { return BevelButtonFormatDMS; }
+    FormatPopupButton* bevelButtonFormatUTM() const { return BevelButtonFormatUTM; }
 
 protected:
     bool event(QEvent* event) override;
@@ -49,6 +55,7 @@ private:
     void createPage0(QWidget* page);
     QLineEdit* addTextField(QWidget* page, const char* name, QRect place, int locks);
     QLabel* addLabel(QWidget* page, const char* name, const QString& text, QRect place);
+    FormatPopupButton* addFormatButton(QWidget* page, const char* name, QRect place);
     void wireEvents();
     void wireMenu();
 
@@ -64,7 +71,11 @@ private:
     QRadioButton* RadioButton1 = nullptr;
     QRadioButton* RadioButton2 = nullptr;
     QButtonGroup* orderButtons = nullptr;
-    QTableView* BatchListbox = nullptr;
+    FormatPopupButton* BevelButtonFormatDD = nullptr;
+    FormatPopupButton* BevelButtonFormatDMS = nullptr;
+    FormatPopupButton* BevelButtonFormatUTM = nullptr;
+    std::unique_ptr<BatchTable> batchTable; // the rows of BatchListbox
+    BatchTableView* BatchListbox = nullptr;
     QWidget* Rectangle1 = nullptr;
     QTimer* TimerUserLocation = nullptr;
     std::unique_ptr<LockedLayout> layout;
@@ -74,7 +85,6 @@ private:
     std::unique_ptr<QtPushButtonView> searchButtonView;
     std::unique_ptr<QtRadioButtonView> radio1View, radio2View;
     std::unique_ptr<QtTabPanelView> tabView;
-    std::unique_ptr<ItemViewListbox> listboxView;
     std::unique_ptr<QtMessageBox> messageBoxView;
     std::unique_ptr<QtMessageDialog> messageDialogView;
     std::unique_ptr<QtTimerView> timerView;

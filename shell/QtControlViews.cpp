@@ -1,6 +1,5 @@
 #include "QtControlViews.h"
 
-#include <QTableView>
 #include <QAction>
 #include <QApplication>
 #include <QItemSelectionModel>
@@ -10,9 +9,12 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTimer>
 
-QString LineEditView::text() const { return edit ? edit->text() : QString(); }
+QString LineEditView::text() const {
+    return edit ? edit->text() : QString();
+}
 void LineEditView::setText(const QString& text) {
     if (edit)
         edit->setText(text);
@@ -22,34 +24,46 @@ void LineEditView::setFocus() {
         edit->setFocus(Qt::OtherFocusReason);
 }
 
-QString QtPushButtonView::caption() const { return button ? button->text() : QString(); }
+QString QtPushButtonView::caption() const {
+    return button ? button->text() : QString();
+}
 void QtPushButtonView::setCaption(const QString& caption) {
     if (button)
         button->setText(caption);
 }
-QString QtPushButtonView::tooltip() const { return button ? button->toolTip() : QString(); }
+QString QtPushButtonView::tooltip() const {
+    return button ? button->toolTip() : QString();
+}
 void QtPushButtonView::setTooltip(const QString& tooltip) {
     if (button)
         button->setToolTip(tooltip);
 }
-bool QtPushButtonView::isDefault() const { return button && button->isDefault(); }
+bool QtPushButtonView::isDefault() const {
+    return button && button->isDefault();
+}
 void QtPushButtonView::setDefault(bool isDefault) {
     if (button)
         button->setDefault(isDefault);
 }
 
-bool QtRadioButtonView::value() const { return button && button->isChecked(); }
+bool QtRadioButtonView::value() const {
+    return button && button->isChecked();
+}
 void QtRadioButtonView::setValue(bool on) {
     if (button)
         button->setChecked(on);
 }
 
-QString ActionMenuItemView::text() const { return action ? action->text() : QString(); }
+QString ActionMenuItemView::text() const {
+    return action ? action->text() : QString();
+}
 void ActionMenuItemView::setText(const QString& text) {
     if (action)
         action->setText(text);
 }
-bool ActionMenuItemView::hasCheckMark() const { return action && action->isChecked(); }
+bool ActionMenuItemView::hasCheckMark() const {
+    return action && action->isChecked();
+}
 void ActionMenuItemView::setHasCheckMark(bool marked) {
     if (!action)
         return;
@@ -57,7 +71,9 @@ void ActionMenuItemView::setHasCheckMark(bool marked) {
     action->setChecked(marked);
 }
 
-int QtTabPanelView::selectedPanelIndex() const { return tabs ? tabs->currentIndex() : 0; }
+int QtTabPanelView::selectedPanelIndex() const {
+    return tabs ? tabs->currentIndex() : 0;
+}
 
 void QtMessageBox::show(const QString& text) {
     QMessageBox box(QMessageBox::NoIcon, QApplication::applicationName(), text, QMessageBox::Ok,
@@ -86,7 +102,9 @@ MessageDialogView::Answer QtMessageDialog::showModal(const Question& q) {
     return Answer::Cancel;
 }
 
-int QtTimerView::runMode() const { return timer && timer->isActive() ? 2 : 0; }
+int QtTimerView::runMode() const {
+    return timer && timer->isActive() ? 2 : 0;
+}
 void QtTimerView::setRunMode(int mode) {
     if (!timer)
         return;
@@ -111,16 +129,4 @@ void ColourPanelView::setFillColor(std::uint32_t colourWord) {
 
 bool PaletteAppearance::isDarkMode() const {
     return QApplication::palette().color(QPalette::Window).lightness() < 128;
-}
-
-int ItemViewListbox::selectedRowCount() const {
-    if (!view || !view->selectionModel())
-        return 0;
-    return view->selectionModel()->selectedRows().size();
-}
-
-void ItemViewListbox::setSelectedRowIndex(int row) {
-    if (!view || !view->model())
-        return;
-    view->selectRow(row);
 }

@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
-#include <QTableView>
 #include <QTimer>
 #include <QWidget>
 
@@ -113,14 +112,4 @@ private:
 class PaletteAppearance : public AppearanceView {
 public:
     bool isDarkMode() const override;
-};
-
-class ItemViewListbox : public BatchListboxView {
-public:
-    explicit ItemViewListbox(QTableView* view) : view(view) {}
-    int selectedRowCount() const override;
-    void setSelectedRowIndex(int row) override;
-
-private:
-    QPointer<QTableView> view;
 };

@@ -3,7 +3,6 @@
 #include "App.h"
 #include "MainWindow.h"
 
-
 int main(int argc, char** argv) {
     QGuiApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     App app(argc, argv);

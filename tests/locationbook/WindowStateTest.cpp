@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <numeric>
 #include <ostream>
 #include <string>
 
@@ -366,8 +367,14 @@ class RemoveItemText : public testing::TestWithParam<RemoveTextRow> {};
 
 TEST_P(RemoveItemText, BeforeAMenuOpens) {
     FakeWindow f;
+    Window1& w = f.window();
+    for (int i = 0; i < 6; ++i)
+        w.locations.push_back(std::make_shared<Vertex>());
+    w.fillBatchTable();
+    std::vector<int> rows(static_cast<std::size_t>(GetParam().selectedRows));
+    std::iota(rows.begin(), rows.end(), 0);
+    f.BatchListbox.setSelectedRows(rows);
     f.TabPanel1.page = GetParam().page;
-    f.BatchListbox.selectedCount = GetParam().selectedRows;
     f->Event_EnableMenuItems();
     EXPECT_EQ(f.MainMenuBar[QStringLiteral("EditRemoveLocations")].caption,
               QString::fromLatin1(GetParam().text));
@@ -376,14 +383,14 @@ TEST_P(RemoveItemText, BeforeAMenuOpens) {
 INSTANTIATE_TEST_SUITE_P(Window, RemoveItemText, testing::ValuesIn(removeTextRows),
                          [](const auto& info) { return std::string(info.param.name); });
 
-constexpr int untouchedRow = 7; // the table's selection before the tab changes
+constexpr int untouchedRow = 1; // the table's selection before the tab changes, if it has rows
 
 struct TabRow {
     const char* name;
     int page;
-    int recorded; // locations in the list
+    int recorded; // locations in the list and rows in the table
     std::int64_t selectedLoc;
-    int selectedRow; // afterwards
+    std::vector<int> selectedAfter;
     const char* distanceText;
 };
 
@@ -392,12 +399,12 @@ void PrintTo(const TabRow& row, std::ostream* os) {
 }
 
 const TabRow tabRows[] = {
-    {"Page1_EditedRowSelected", 1, 3, 2, 2, "Distance Between Selected Pts"},
-    {"Page1_FirstRowSelected", 1, 3, 0, 0, "Distance Between Selected Pts"},
-    {"Page1_NoEditedRow", 1, 3, -1, untouchedRow, "Distance Between Selected Pts"},
-    {"Page1_IndexPastTheEnd", 1, 3, 3, untouchedRow, "Distance Between Selected Pts"},
-    {"Page1_EmptyList", 1, 0, 0, untouchedRow, "Distance Between Selected Pts"},
-    {"Page0_RowLeftAlone", 0, 3, 1, untouchedRow, "Distance Between Clicked Pts"},
+    {"Page1_EditedRowSelected", 1, 3, 2, {2}, "Distance Between Selected Pts"},
+    {"Page1_FirstRowSelected", 1, 3, 0, {0}, "Distance Between Selected Pts"},
+    {"Page1_NoEditedRow", 1, 3, -1, {untouchedRow}, "Distance Between Selected Pts"},
+    {"Page1_IndexPastTheEnd", 1, 3, 3, {untouchedRow}, "Distance Between Selected Pts"},
+    {"Page1_EmptyList", 1, 0, 0, {}, "Distance Between Selected Pts"},
+    {"Page0_RowLeftAlone", 0, 3, 2, {untouchedRow}, "Distance Between Clicked Pts"},
 };
 
 class TabChange : public testing::TestWithParam<TabRow> {};
@@ -407,8 +414,9 @@ TEST_P(TabChange, RowSelectionAndDistanceText) {
     Window1& w = f.window();
     for (int i = 0; i < GetParam().recorded; ++i)
         w.locations.push_back(std::make_shared<Vertex>());
+    w.fillBatchTable();
+    f.BatchListbox.setSelectedRows({untouchedRow});
     w.selectedLoc = GetParam().selectedLoc;
-    f.BatchListbox.selectedRow = untouchedRow;
     // The opposite text first, so that the change has to write it.
     f.MainMenuBar[QStringLiteral("MapDistanceBetweenClickedPts")].caption =
         GetParam().page == 0 ? QStringLiteral("Distance Between Selected Pts")
@@ -417,7 +425,11 @@ TEST_P(TabChange, RowSelectionAndDistanceText) {
 
     w.TabPanel1_Change();
 
-    EXPECT_EQ(f.BatchListbox.selectedRow, GetParam().selectedRow);
+    std::vector<int> selectedAfter;
+    for (int row = 0; row <= f.BatchListbox.lastRowIndex(); ++row)
+        if (f.BatchListbox.selected(row))
+            selectedAfter.push_back(row);
+    EXPECT_EQ(selectedAfter, GetParam().selectedAfter);
     EXPECT_EQ(f.MainMenuBar[QStringLiteral("MapDistanceBetweenClickedPts")].caption,
               QString::fromLatin1(GetParam().distanceText));
 }

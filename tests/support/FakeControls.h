@@ -109,10 +109,45 @@ public:
     bool dark = false;
 };
 
-class FakeBatchListbox : public BatchListboxView {
+class FakePopupButton : public PopupButtonView {
 public:
-    int selectedRowCount() const override { return selectedCount; }
-    void setSelectedRowIndex(int row) override { selectedRow = row; }
-    int selectedCount = 0;
-    int selectedRow = -1;
+    QString caption() const override { return captionText; }
+    void setCaption(const QString& caption) override { captionText = caption; }
+    void setCaptionAlignment(int alignment) override { captionAlignment = alignment; }
+    void setMenuStyle(int style) override { menuStyle = style; }
+    PopupMenuItem& menu() override { return base; }
+    void setMenu(const PopupMenuItem& menu) override { base = menu; }
+
+    // The entry a user reaches by that path of texts ("Separator", "Tab"); null if none.
+    PopupMenuItem* entry(const QStringList& path) {
+        PopupMenuItem* item = &base;
+        for (const QString& text : path)
+            if (!(item = item->child(text)))
+                return nullptr;
+        return item;
+    }
+
+    QString captionText;
+    int captionAlignment = -1;
+    int menuStyle = -1;
+    PopupMenuItem base;
+};
+
+// A cell's painter that records the fills.
+class FakeGraphics : public GraphicsView {
+public:
+    struct Fill {
+        std::uint32_t colour;
+        int x, y, width, height;
+    };
+    std::uint32_t foreColor() const override { return colour; }
+    void setForeColor(std::uint32_t c) override { colour = c; }
+    int width() const override { return cellWidth; }
+    int height() const override { return cellHeight; }
+    void fillRectangle(int x, int y, int w, int h) override {
+        fills.push_back({colour, x, y, w, h});
+    }
+    std::uint32_t colour = 0x00000000; // what the painter came with
+    int cellWidth = 80, cellHeight = 18;
+    std::vector<Fill> fills;
 };

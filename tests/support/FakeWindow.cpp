@@ -12,6 +12,9 @@ FakeWindow::FakeWindow() {
     c.RadioButton2 = &RadioButton2;
     c.TabPanel1 = &TabPanel1;
     c.BatchListbox = &BatchListbox;
+    c.BevelButtonFormatDD = &BevelButtonFormatDD;
+    c.BevelButtonFormatDMS = &BevelButtonFormatDMS;
+    c.BevelButtonFormatUTM = &BevelButtonFormatUTM;
     c.MainMenuBar = &MainMenuBar;
     c.messageBox = &messageBox;
     c.messageDialog = &messageDialog;
@@ -38,7 +41,39 @@ FakeWindow::FakeWindow() {
     TextFieldUTM.onTextChange = [win] { win->TextFieldUTM_TextChange(); };
     TextFieldLabel.onTextChange = [win] { win->TextFieldLabel_TextChange(); };
     addressTextField.onTextChange = [win] { win->addressTextField_TextChange(); };
+    BatchListbox.onCellAction = [win](int row, int column) {
+        win->BatchListbox_CellAction(row, column);
+    };
+    BatchListbox.onChange = [win] { win->BatchListbox_Change(); };
+    BatchListbox.onCompareRows = [win](int row1, int row2, int column, std::int64_t& result) {
+        return win->BatchListbox_CompareRows(row1, row2, column, result);
+    };
+    // Controls open before their window.
+    w->BevelButtonFormatDD_Open();
+    w->BevelButtonFormatDMS_Open();
+    w->BevelButtonFormatUTM_Open();
     w->Event_Open();
+}
+
+void FakeWindow::typeAndRecord(FakeTextField& field, const QString& text, const QString& label) {
+    // A new entry first: a location typed over a recorded one would replace its row.
+    w->_FileNewLocation_Action();
+    type(field, text);
+    if (&field == &TextFieldDecDegrees)
+        w->TextFieldDecDegrees_KeyDown(13);
+    else if (&field == &TextFieldDMS)
+        w->TextFieldDMS_KeyDown(13);
+    else
+        w->TextFieldUTM_KeyDown(13);
+    if (!label.isEmpty())
+        type(TextFieldLabel, label);
+    w->SearchButton_Action();
+}
+
+void FakeWindow::clickRow(int row) {
+    if (w->BatchListbox_CellClick(row, 1, 10, 5))
+        return;
+    BatchListbox.setSelectedRowIndex(row);
 }
 
 void FakeWindow::clickRadioButton1() {
@@ -51,4 +86,6 @@ void FakeWindow::clickRadioButton2() {
     w->RadioButton2_Action();
 }
 
-void FakeWindow::type(FakeTextField& field, const QString& text) { field.setText(text); }
+void FakeWindow::type(FakeTextField& field, const QString& text) {
+    field.setText(text);
+}

@@ -2,6 +2,7 @@
 // A controller wired to fakes of every control, built and opened as the application does it:
 // RadioButton1 on, SearchButton "Click Map" as default, the open event run.
 
+#include "locationbook/BatchTable.h"
 #include "locationbook/Window1.h"
 #include "support/FakeControls.h"
 
@@ -14,12 +15,13 @@ public:
     Window1& window() { return *w; }
     Window1* operator->() { return w.get(); }
 
-    FakeTextField TextFieldDecDegrees, TextFieldDMS, TextFieldUTM, TextFieldLabel,
-        addressTextField;
+    FakeTextField TextFieldDecDegrees, TextFieldDMS, TextFieldUTM, TextFieldLabel, addressTextField;
     FakePushButton SearchButton;
     FakeRadioButton RadioButton1, RadioButton2;
     FakeTabPanel TabPanel1;
-    FakeBatchListbox BatchListbox;
+    // The real table model: it is plain data and selection, and needs no screen.
+    BatchTable BatchListbox;
+    FakePopupButton BevelButtonFormatDD, BevelButtonFormatDMS, BevelButtonFormatUTM;
     FakeMenuBar MainMenuBar;
     RecordingMessageBox messageBox;
     FakeMessageDialog messageDialog;
@@ -33,6 +35,12 @@ public:
     // Typing replaces the field's text as a user would (raising its change event); Return is
     // pressed through the field's key handler.
     void type(FakeTextField& field, const QString& text);
+    // Starts a new entry, types into the field and presses Return, names the location, then
+    // records it with the button.
+    void typeAndRecord(FakeTextField& field, const QString& text, const QString& label = {});
+    // A user's click on a row of the table: the window's click event, then the table selects
+    // the row as a list control does (which raises its change event).
+    void clickRow(int row);
 
 private:
     std::unique_ptr<Window1> w;
