@@ -52,7 +52,9 @@ QString dmsCell(const Vertex& v, Axis axis, const BatchCellFormat& f) {
 
     QString text;
     text.reserve(32);
-    text += QString::number(degrees);
+    // The sign is told by the value (a minus or a letter below); a minus typed before the
+    // degrees of a DMS text is not shown a second time.
+    text += QString::number(absoluteInteger(degrees));
     if (f.DMSshowSymbols)
         text += degreeSign;
     text += QLatin1Char(' ');

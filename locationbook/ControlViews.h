@@ -5,6 +5,7 @@
 #include "BatchCellText.h"
 #include "coordinates/Vertex.h"
 
+#include <QSize>
 #include <QString>
 
 #include <cstdint>
@@ -141,6 +142,14 @@ public:
     // The button's menu; the button shows the marks as they are whenever it is opened.
     virtual PopupMenuItem& menu() = 0;
     virtual void setMenu(const PopupMenuItem& menu) = 0;
+};
+
+// The application's named pictures ("scopeCurs"), loaded once on first use.
+class PictureSource {
+public:
+    virtual ~PictureSource() = default;
+    // Width and height in pixels; an empty size for a name the application doesn't have.
+    virtual QSize pictureSize(const QString& name) = 0;
 };
 
 // The system's appearance.

@@ -9,6 +9,12 @@ void Window1::Event_Open() {
     theLocation = std::make_shared<Vertex>();
     // A blank record that counts as saved: the first new entry must not prompt.
     theLocation->saved = true;
+    // The map pointer's hot spot is the middle of its picture.
+    if (c.pictures) {
+        const QSize picture = c.pictures->pictureSize(QStringLiteral("scopeCurs"));
+        curs = MouseCursor{QStringLiteral("scopeCurs"), int(picture.width() * 0.5),
+                           int(picture.height() * 0.5)};
+    }
     unitFmt.Units = 0;
     unitFmt.UnitStyle = 1;
     const bool metric = QLocale().measurementSystem() == QLocale::MetricSystem;

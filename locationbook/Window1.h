@@ -9,6 +9,7 @@
 #include "coordinates/NumberText.h"
 #include "coordinates/Vertex.h"
 #include "map/MapPin.h"
+#include "map/MouseCursor.h"
 #include "notation/NotationSettings.h"
 
 #include <QString>
@@ -41,6 +42,7 @@ struct Window1Controls {
     TimerView* TimerUserLocation = nullptr;
     RectangleView* Rectangle1 = nullptr;
     AppearanceView* appearance = nullptr;
+    PictureSource* pictures = nullptr;
 };
 
 // Units of the distance read-outs: 0 the locale's, 1 metric, 2 imperial; style 1 abbreviated.
@@ -76,6 +78,7 @@ public:
     MapPinRef currentPin;           // the pin of the location on show
     std::vector<MapCoordinate> mpt; // points clicked so far for a distance
     DistanceUnits unitFmt;
+    MouseCursor curs;                  // the pointer over the map, made when the window opens
     std::int64_t xDown = 0, yDown = 0; // where the last map press happened (pixels)
     bool gettingAddressLoc = false;
     bool tappingMap = false;

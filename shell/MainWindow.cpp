@@ -73,6 +73,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
     c.TimerUserLocation = (timerView = std::make_unique<QtTimerView>(TimerUserLocation)).get();
     c.Rectangle1 = (rectangleView = std::make_unique<ColourPanelView>(Rectangle1)).get();
     c.appearance = (appearanceView = std::make_unique<PaletteAppearance>()).get();
+    c.pictures = (picturesView = std::make_unique<ResourcePictures>()).get();
     window1 = std::make_unique<Window1>(c);
 
     wireEvents();

@@ -39,6 +39,7 @@ public:
     QPushButton* searchButton() const { return SearchButton; }
     QRadioButton* radioButton1() const { return RadioButton1; }
     QRadioButton* radioButton2() const { return RadioButton2; }
+    ResourcePictures* pictures() const { return picturesView.get(); }
     BatchTableView* batchListbox() const { return BatchListbox; }
     FormatPopupButton* bevelButtonFormatDD() const { return BevelButtonFormatDD; }
     FormatPopupButton* bevelButtonFormatDMS() const { return BevelButtonFormatDMS; }
@@ -90,5 +91,6 @@ private:
     std::unique_ptr<QtTimerView> timerView;
     std::unique_ptr<ColourPanelView> rectangleView;
     std::unique_ptr<PaletteAppearance> appearanceView;
+    std::unique_ptr<ResourcePictures> picturesView;
     std::unique_ptr<Window1> window1;
 };

@@ -130,3 +130,20 @@ void ColourPanelView::setFillColor(std::uint32_t colourWord) {
 bool PaletteAppearance::isDarkMode() const {
     return QApplication::palette().color(QPalette::Window).lightness() < 128;
 }
+
+// The pictures live in a static library, whose resource registration the linker would drop
+// unless something refers to it.
+static void registerPictures() {
+    Q_INIT_RESOURCE(pictures);
+}
+
+ResourcePictures::ResourcePictures() {
+    registerPictures();
+}
+
+QPixmap ResourcePictures::picture(const QString& name) {
+    auto found = loaded.find(name);
+    if (found == loaded.end())
+        found = loaded.insert(name, QPixmap(QStringLiteral(":/pictures/%1.xpm").arg(name)));
+    return found.value();
+}

@@ -5,7 +5,9 @@
 #include "locationbook/ControlViews.h"
 
 #include <QAction>
+#include <QHash>
 #include <QLineEdit>
+#include <QPixmap>
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
@@ -112,4 +114,15 @@ private:
 class PaletteAppearance : public AppearanceView {
 public:
     bool isDarkMode() const override;
+};
+
+// The pictures built into the application (shell/resources), each loaded on first use.
+class ResourcePictures : public PictureSource {
+public:
+    ResourcePictures();
+    QSize pictureSize(const QString& name) override { return picture(name).size(); }
+    QPixmap picture(const QString& name);
+
+private:
+    QHash<QString, QPixmap> loaded;
 };

@@ -72,6 +72,10 @@ TEST(AfterOpen, SettingsAndDeskStartBlank) {
     EXPECT_FALSE(w.gettingDist2Points);
     EXPECT_FALSE(w.gettingDistFromPt);
     EXPECT_TRUE(w.showMap);
+    // The map pointer's hot spot is the middle of its 31 x 21 picture, cut to whole pixels.
+    EXPECT_EQ(w.curs.pictureName, QStringLiteral("scopeCurs"));
+    EXPECT_EQ(w.curs.hotSpotX, 15);
+    EXPECT_EQ(w.curs.hotSpotY, 10);
 
     // Nothing is shown yet: the open event fills no field.
     EXPECT_TRUE(f.TextFieldDecDegrees.value.isEmpty());

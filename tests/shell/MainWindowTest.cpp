@@ -49,6 +49,11 @@ private slots:
         QCOMPARE(window->searchButton()->text(), QStringLiteral("Click Map"));
         QVERIFY(window->radioButton1()->isChecked());
         QVERIFY(!window->radioButton2()->isChecked());
+        // The map pointer comes from the built-in picture, its hot spot in the middle.
+        const QPixmap scope = window->pictures()->picture(QStringLiteral("scopeCurs"));
+        QVERIFY(!scope.isNull());
+        QCOMPARE(window->controller().curs.hotSpotX, scope.width() / 2);
+        QCOMPARE(window->controller().curs.hotSpotY, scope.height() / 2);
     }
 
     void returnInEachFieldShowsAllThreeNotations_data() {

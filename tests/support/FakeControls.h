@@ -4,6 +4,7 @@
 // dialogs.
 
 #include "locationbook/ControlViews.h"
+#include "support/QStringPrinting.h"
 #include "support/RecordingMessageBox.h"
 
 #include <QHash>
@@ -150,4 +151,10 @@ public:
     std::uint32_t colour = 0x00000000; // what the painter came with
     int cellWidth = 80, cellHeight = 18;
     std::vector<Fill> fills;
+};
+
+class FakePictures : public PictureSource {
+public:
+    QSize pictureSize(const QString& name) override { return sizes.value(name); }
+    QHash<QString, QSize> sizes;
 };

@@ -21,6 +21,8 @@ FakeWindow::FakeWindow() {
     c.TimerUserLocation = &TimerUserLocation;
     c.Rectangle1 = &Rectangle1;
     c.appearance = &appearance;
+    c.pictures = &pictures;
+    pictures.sizes.insert(QStringLiteral("scopeCurs"), QSize(31, 21));
     w = std::make_unique<Window1>(c);
 
     RadioButton1.partner = &RadioButton2;

@@ -28,6 +28,7 @@ public:
     FakeTimer TimerUserLocation;
     FakeRectangle Rectangle1;
     FakeAppearance appearance;
+    FakePictures pictures; // scopeCurs is 31 x 21 pixels
 
     // A user's choice of order: turns the button on and raises its action event.
     void clickRadioButton1();
