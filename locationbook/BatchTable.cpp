@@ -143,7 +143,8 @@ QVariant BatchTable::data(const QModelIndex& index, int role) const {
     const int row = locationRowAt(index.row());
     if (row < 0)
         return QVariant();
-    if (role == Qt::DisplayRole)
+    // The tip shows the whole text where a narrow column cuts it off.
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
         return cellValueAt(row, index.column());
     if (role == Qt::CheckStateRole && index.column() == 0)
         return ticks[static_cast<std::size_t>(row)] ? Qt::Checked : Qt::Unchecked;

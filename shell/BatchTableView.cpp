@@ -79,7 +79,10 @@ BatchTableView::BatchTableView(BatchTable* table, Events events, QWidget* parent
     header->setSectionsClickable(true);
     header->setSortIndicatorShown(true);
     header->setSortIndicator(-1, Qt::AscendingOrder);
-    connect(header, &QHeaderView::sectionClicked, this, &BatchTableView::sortByHeaderClick);
+    // The header turns its own indicator on a click (ascending first, then each further click
+    // on the same header the other way round); the rows follow the indicator.
+    connect(header, &QHeaderView::sortIndicatorChanged, this,
+            [this](int column, Qt::SortOrder order) { batchTable->sort(column, order); });
     // A rebuild shows the rows in the order of the list again: no sort is in force.
     connect(table, &QAbstractItemModel::modelReset, this,
             [header] { header->setSortIndicator(-1, Qt::AscendingOrder); });
@@ -98,7 +101,6 @@ void BatchTableView::sortByHeaderClick(int column) {
                                     ? Qt::DescendingOrder
                                     : Qt::AscendingOrder;
     header->setSortIndicator(column, order);
-    batchTable->sort(column, order);
 }
 
 void BatchTableView::mousePressEvent(QMouseEvent* press) {

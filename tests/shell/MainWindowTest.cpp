@@ -1,10 +1,10 @@
 // The real window driven as a user drives it: typing into the notation fields, Return, Tab,
 // the order buttons and the menu bar.
 
+#include "shell/MainWindow.h"
 #include "coordinates/LatLon_UTM.h"
 #include "locationbook/Window1.h"
 #include "shell/MainMenuBar.h"
-#include "shell/MainWindow.h"
 
 #include <GeographicLib/UTMUPS.hpp>
 
@@ -59,8 +59,10 @@ private slots:
     void returnInEachFieldShowsAllThreeNotations_data() {
         QTest::addColumn<QString>("field");
         QTest::addColumn<QString>("typed");
-        QTest::newRow("dd") << "TextFieldDecDegrees" << "45.5 9.25";
-        QTest::newRow("dms") << "TextFieldDMS" << "45° 30' 0\"N, 9° 15' 0\"E";
+        QTest::newRow("dd") << "TextFieldDecDegrees"
+                            << "45.5 9.25";
+        QTest::newRow("dms") << "TextFieldDMS"
+                             << "45° 30' 0\"N, 9° 15' 0\"E";
         // The UTM text of 45.5 N, 9.25 E as GeographicLib computes it.
         int zone = 0;
         bool north = true;
