@@ -34,7 +34,7 @@ asan: deps
 	    ctest --test-dir build-asan --output-on-failure -j $(JOBS)
 
 bench: deps
-	cmake -S . -B build-bench $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=Release -DGEOQUILL_BUILD_BENCH=ON -DGEOQUILL_BUILD_SHELL=OFF \
+	cmake -S . -B build-bench $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=Release -DGEOQUILL_BUILD_BENCH=ON -DGEOQUILL_BUILD_SHELL=ON \
 	      -DGEOQUILL_BUILD_TESTS=OFF
 	cmake --build build-bench -j $(JOBS)
 	$(HEADLESS) ./scripts/run-benchmarks build-bench

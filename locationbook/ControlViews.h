@@ -30,6 +30,7 @@ public:
     // The default button is the one that Return presses.
     virtual bool isDefault() const = 0;
     virtual void setDefault(bool isDefault) = 0;
+    virtual void setFocus() = 0;
 };
 
 class RadioButtonView {
@@ -62,6 +63,8 @@ public:
     virtual ~TabPanelView() = default;
     // 0 "Current Location", 1 "All Locations".
     virtual int selectedPanelIndex() const = 0;
+    // Shows that page, which raises the panel's change event as a user's click does.
+    virtual void setSelectedPanelIndex(int index) = 0;
 };
 
 // The modal question with three answers: the action button, the alternate and Cancel.
@@ -90,12 +93,53 @@ public:
     virtual void setRunMode(int mode) = 0;
 };
 
-// The half-transparent panel behind the pointer read-out on the map.
-class RectangleView {
+// A control placed on the map page whose left edge and width the program changes. Positions
+// are in the page's coordinates, the same as the map's own left edge.
+class PlacedControlView {
 public:
-    virtual ~RectangleView() = default;
+    virtual ~PlacedControlView() = default;
+    virtual int left() const = 0;
+    virtual void setLeft(int left) = 0;
+    virtual int width() const = 0;
+    virtual void setWidth(int width) = 0;
+    virtual bool isVisible() const = 0;
+    virtual void setVisible(bool visible) = 0;
+};
+
+// The half-transparent panel behind the pointer read-out on the map.
+class RectangleView : public PlacedControlView {
+public:
     // Colour word 0xAARRGGBB, AA 0x00 opaque and 0xFF fully transparent.
     virtual void setFillColor(std::uint32_t colourWord) = 0;
+};
+
+// A one-line text on the map page (the pointer read-out).
+class LabelView : public PlacedControlView {
+public:
+    virtual QString text() const = 0;
+    virtual void setText(const QString& text) = 0;
+};
+
+// The frame of a window on the screen (pixels).
+class WindowFrameView {
+public:
+    virtual ~WindowFrameView() = default;
+    virtual int left() const = 0;
+    virtual int top() const = 0;
+    virtual int width() const = 0;
+};
+
+// The small floating window that tells the user what to click, with one Cancel button. It is
+// made when first asked for; showing it does not block the window under it.
+class MessageWindowView {
+public:
+    virtual ~MessageWindowView() = default;
+    virtual int width() const = 0;
+    virtual void move(int left, int top) = 0;
+    // Its Label1.
+    virtual void setText(const QString& text) = 0;
+    virtual void show() = 0;
+    virtual void close() = 0;
 };
 
 // The painter of one table cell's background, in the cell's own coordinates.

@@ -5,9 +5,11 @@
 // controls, dialogs and the map only through the narrow views in Window1Controls.
 
 #include "ControlViews.h"
+#include "SearchButtonStates.h"
 #include "coordinates/MessageBox.h"
 #include "coordinates/NumberText.h"
 #include "coordinates/Vertex.h"
+#include "map/DistanceFormatter.h"
 #include "map/MapPin.h"
 #include "map/MouseCursor.h"
 #include "notation/NotationSettings.h"
@@ -15,6 +17,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -40,15 +43,12 @@ struct Window1Controls {
     MessageBox* messageBox = nullptr;
     MessageDialogView* messageDialog = nullptr;
     TimerView* TimerUserLocation = nullptr;
-    RectangleView* Rectangle1 = nullptr;
+    RectangleView* Rectangle1 = nullptr; // the panel behind LabelLatLon
+    LabelView* LabelLatLon = nullptr;    // the pointer read-out at the map's top right
+    WindowFrameView* frame = nullptr;    // this window on the screen
+    MessageWindowView* messageWindow = nullptr;
     AppearanceView* appearance = nullptr;
     PictureSource* pictures = nullptr;
-};
-
-// Units of the distance read-outs: 0 the locale's, 1 metric, 2 imperial; style 1 abbreviated.
-struct DistanceUnits {
-    int Units = 0;
-    int UnitStyle = 0;
 };
 
 class Window1 : public NotationSettings {
@@ -73,11 +73,11 @@ public:
     bool enteringUTM = false;
     QString theText; // a notation field's text when it got the focus
 
-    MapView* mapview = nullptr;     // set by Map_Open
-    std::vector<MapPinRef> Pins;    // one pin per recorded location, joined by index
-    MapPinRef currentPin;           // the pin of the location on show
-    std::vector<MapCoordinate> mpt; // points clicked so far for a distance
-    DistanceUnits unitFmt;
+    MapView* mapview = nullptr;        // set by Map_Open
+    std::vector<MapPinRef> Pins;       // one pin per recorded location, joined by index
+    MapPinRef currentPin;              // the pin of the location on show
+    std::vector<MapCoordinate> mpt;    // points clicked so far for a distance
+    DistanceFormatter unitFmt;         // metres to text for every distance shown
     MouseCursor curs;                  // the pointer over the map, made when the window opens
     std::int64_t xDown = 0, yDown = 0; // where the last map press happened (pixels)
     bool gettingAddressLoc = false;
@@ -154,6 +154,26 @@ public:
     void BevelButtonFormatUTM_MenuSelected(PopupMenuItem& hitItem);
 
     // --- The map -----------------------------------------------------------------------------
+    // The map's events: x and y are pixels in the map's own coordinates.
+    void Map_Open(MapView* view);
+    void Map_regionDidChangeAnimated();
+    // true: the press has been dealt with. A contextual click (right button) only notes where.
+    bool Map_MouseDown(std::int64_t x, std::int64_t y, bool contextualClick);
+    void Map_MouseUp(std::int64_t x, std::int64_t y);
+    void Map_MouseMove(std::int64_t x, std::int64_t y);
+    void Map_MouseEnter();
+    void Map_MouseExit();
+    // annotation is the pin the user clicked, compared by identity with Pins.
+    void Map_didSelectAnnotationView(const MapPinRef& annotation);
+    void Map_annotationViewDidChangeDragState();
+    bool Map_ConstructContextualMenu(PopupMenuItem& base, std::int64_t x, std::int64_t y);
+    bool Map_ContextualMenuAction(const PopupMenuItem& item);
+    // index: 0 "Standard", 1 "Satellite", 2 "Hybrid".
+    void SegmentedControl1_Action(int index);
+    void TimerUserLocation_Action();
+    // A location labelled by its numbers, in the order of the order buttons: "45.5°, 9.25°".
+    QString coordinateText(double lat, double lon) const;
+
     void LoadMap(double lat, double lon);
     void SetMapType(int type);
     void makePinsFromLocations();
@@ -216,8 +236,15 @@ private:
     void notationTextChange();
     void enterOnly(bool& flag);
     void orderButtonAction();
-    void setSearchButton(const QString& caption, const QString& tooltip, bool isDefault);
+    void setSearchButton(const SearchButtonState& state, bool isDefault);
     bool isLocationRow(std::int64_t row) const;
+
+    // The map.
+    static double metersBetween(MapCoordinate a, MapCoordinate b); // WGS84 geodesic (metres)
+    std::optional<MapCoordinate> coordinateAt(std::int64_t x, std::int64_t y) const;
+    void showDistance(const QString& caption, MapCoordinate from, MapCoordinate to);
+    void showInstruction(const QString& text);
+    void armedLocationMade(); // the button invites recording a location made on the map
 
     // The format controls.
     PopupButtonView* formatButton(Notation notation) const;

@@ -4,14 +4,6 @@
 #include "Window1.h"
 #include "map/MapView.h"
 
-namespace {
-
-const QString clickMapCaption = QStringLiteral("Click Map");
-const QString clickMapTooltip =
-    QStringLiteral("Click this button and then click in the map to get the location data");
-
-} // namespace
-
 bool Window1::promptToRecordIfUnsaved() {
     if (!theLocation || theLocation->saved)
         return true;
@@ -51,7 +43,7 @@ void Window1::makeNewEntry() {
         c.addressTextField->setText(QString());
         c.TextFieldDecDegrees->setFocus();
     }
-    setSearchButton(clickMapCaption, clickMapTooltip, true);
+    setSearchButton(SearchButtonStates::clickMap(), true);
     suppressUpdate = false;
     if (currentPin && mapview)
         mapview->removeAnnotation(currentPin);
@@ -75,7 +67,7 @@ void Window1::recordEntry() {
     if (currentPin && mapview)
         mapview->removeAnnotation(currentPin);
     fillBatchTable();
-    setSearchButton(clickMapCaption, clickMapTooltip, false);
+    setSearchButton(SearchButtonStates::clickMap(), false);
 }
 
 void Window1::FillDetailsForm() {

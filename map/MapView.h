@@ -4,6 +4,7 @@
 // the tests with a fake.
 
 #include "MapPin.h"
+#include "MouseCursor.h"
 
 #include <QString>
 
@@ -15,6 +16,13 @@ public:
     enum class MapType { Standard = 0, Satellite = 1, Hybrid = 2 };
 
     virtual ~MapView() = default;
+
+    // The map control's left edge and width in the coordinates of its page (pixels).
+    virtual int left() const = 0;
+    virtual int width() const = 0;
+    // The pointer over the map; the map may set its own while dragging, so it is set again
+    // after every event that could have changed it.
+    virtual void setMouseCursor(const MouseCursor& cursor) = 0;
 
     virtual MapCoordinate centerCoordinate() const = 0;
     // Moves the map and leaves the zoom alone.

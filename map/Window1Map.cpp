@@ -1,8 +1,30 @@
-// The window's map operations: moving the map, its type, and SearchButton, whose caption says
-// what a press will do next.
+// The window's map operations: moving the map, its type, its region changes, and SearchButton,
+// whose caption says what a press will do next.
 
 #include "MapView.h"
+#include "coordinates/PlainNumberText.h"
+#include "coordinates/generalModule.h"
 #include "locationbook/Window1.h"
+
+void Window1::Map_Open(MapView* view) {
+    mapview = view;
+    if (!mapview)
+        return;
+    mapview->setMouseCursor(curs);
+    mapview->setShowsScale(true);
+    mapview->setShowsCompass(true);
+    mapview->setShowsZoomControls(true);
+    // The read-out starts in the map's top right corner, its right edge on the map's.
+    const int readoutLeft = mapview->left() + (mapview->width() - 200);
+    if (c.Rectangle1) {
+        c.Rectangle1->setWidth(200);
+        c.Rectangle1->setLeft(readoutLeft);
+    }
+    if (c.LabelLatLon) {
+        c.LabelLatLon->setWidth(200);
+        c.LabelLatLon->setLeft(readoutLeft);
+    }
+}
 
 void Window1::LoadMap(double lat, double lon) {
     if (!mapview)
@@ -16,7 +38,43 @@ void Window1::SetMapType(int type) {
         mapview->setMapType(type);
 }
 
-void Window1::makePinsFromLocations() {}
+void Window1::SegmentedControl1_Action(int index) {
+    SetMapType(index);
+}
+
+void Window1::Map_regionDidChangeAnimated() {
+    if (!mapview)
+        return;
+    if (gettingAddressLoc) {
+        // The map came to rest on a found address (or the user moved it while an address was
+        // being looked for): its centre becomes the location on show.
+        const MapCoordinate centre = mapview->centerCoordinate();
+        theLocation = generalModule::vertexFromDD(centre.longitude, centre.latitude);
+        theLocation->label = c.addressTextField->text();
+        FillDetailsForm();
+        tappingMap = false;
+        armedLocationMade();
+    }
+    mapview->setMouseCursor(curs);
+}
+
+QString Window1::coordinateText(double lat, double lon) const {
+    const QString latText = plainDoubleText(lat) + QChar(0x00B0);
+    const QString lonText = plainDoubleText(lon) + QChar(0x00B0);
+    return latitudeFirst() ? latText + QStringLiteral(", ") + lonText
+                           : lonText + QStringLiteral(", ") + latText;
+}
+
+std::optional<MapCoordinate> Window1::coordinateAt(std::int64_t x, std::int64_t y) const {
+    if (!mapview)
+        return std::nullopt;
+    return mapview->convertPointToCoordinate(double(x), double(y));
+}
+
+void Window1::armedLocationMade() {
+    c.SearchButton->setFocus();
+    setSearchButton(SearchButtonStates::recordEntry(), true);
+}
 
 void Window1::searchAddress() {
     makeNewEntry(); // a cancelled prompt does not stop the search
@@ -27,15 +85,16 @@ void Window1::searchAddress() {
 
 void Window1::SearchButton_Action() {
     const QString caption = c.SearchButton->caption();
-    if (caption.compare(QLatin1String("Find Address"), Qt::CaseInsensitive) == 0) {
+    if (caption.compare(SearchButtonStates::findAddress().caption, Qt::CaseInsensitive) == 0) {
         searchAddress();
-    } else if (caption.compare(QLatin1String("Record Entry"), Qt::CaseInsensitive) == 0) {
+    } else if (caption.compare(SearchButtonStates::recordEntry().caption, Qt::CaseInsensitive) ==
+               0) {
         enteringDD = false;
         enteringDMS = false;
         enteringUTM = false;
         gettingAddressLoc = false;
         recordEntry();
-        c.SearchButton->setCaption(QStringLiteral("Click Map"));
+        c.SearchButton->setCaption(SearchButtonStates::clickMap().caption);
         c.SearchButton->setDefault(false);
     } else {
         makeNewEntry();
@@ -50,15 +109,9 @@ void Window1::addressTextField_TextChange() {
         return;
     if (!c.addressTextField->text().isEmpty()) {
         gettingAddressLoc = true;
-        setSearchButton(QStringLiteral("Find Address"),
-                        QStringLiteral("Find the location of an address typed into the text "
-                                       "field to the left"),
-                        true);
+        setSearchButton(SearchButtonStates::findAddress(), true);
     } else {
-        setSearchButton(QStringLiteral("Click Map"),
-                        QStringLiteral("Click this button and then click in the map to get the "
-                                       "location data"),
-                        true);
+        setSearchButton(SearchButtonStates::clickMap(), true);
     }
 }
 
@@ -70,43 +123,3 @@ bool Window1::addressTextField_KeyDown(int key) {
     searchAddress();
     return true;
 }
-
-bool Window1::_FileNewLocation_Action() {
-    makeNewEntry();
-    return true;
-}
-
-bool Window1::_FileNewLocationatMapClick_Action() {
-    makeNewEntry();
-    c.SearchButton->setDefault(true);
-    c.SearchButton->setCaption(QStringLiteral("Click Map"));
-    c.TextFieldLabel->setFocus();
-    tappingMap = true; // the next release on the map makes the location
-    return true;
-}
-
-bool Window1::_EditRemoveLocations_Action() { return false; }
-// Exactly one of the two unit items is checked: choosing either changes over to the other
-// system when it was already checked.
-bool Window1::_FormatImperialUnits_Action() {
-    MenuItemView& imperial = c.MainMenuBar->item(QStringLiteral("FormatImperialUnits"));
-    imperial.setHasCheckMark(!imperial.hasCheckMark());
-    c.MainMenuBar->item(QStringLiteral("FormatMetricUnits"))
-        .setHasCheckMark(!imperial.hasCheckMark());
-    unitFmt.Units = imperial.hasCheckMark() ? 2 : 1;
-    return true;
-}
-
-bool Window1::_FormatMetricUnits_Action() {
-    MenuItemView& metric = c.MainMenuBar->item(QStringLiteral("FormatMetricUnits"));
-    metric.setHasCheckMark(!metric.hasCheckMark());
-    c.MainMenuBar->item(QStringLiteral("FormatImperialUnits"))
-        .setHasCheckMark(!metric.hasCheckMark());
-    unitFmt.Units = metric.hasCheckMark() ? 1 : 2;
-    return true;
-}
-bool Window1::_MapShowUserLocation_Action() { return false; }
-bool Window1::_MapShowAllLocations_Action() { return false; }
-bool Window1::_MapDistancefromCurrentPt_Action() { return false; }
-bool Window1::_MapDistanceBetweenClickedPts_Action() { return false; }
-bool Window1::_MapRemoveLocations_Action() { return false; }

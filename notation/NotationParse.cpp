@@ -39,13 +39,34 @@ const QRegularExpression& utmPattern() {
     return re;
 }
 
-// The text as the patterns expect it: whole surrogate pairs only, and the locale's own minus
-// sign as '-'.
-QString withAsciiMinus(QString text, const NumberLocale& locale) {
+// A run of blanks as one blank. The patterns have several optional blanks in a row wherever an
+// optional mark or letter is missing (" *m? *([enEN])?,?;? +"). Where a text does not match, the
+// engine tries every way of sharing a run of blanks among them and reaches its match limit
+// within a few hundred blanks: "match limit exceeded" for a text with a reading further on.
+// Every blank in the patterns may repeat, so one blank reads the same as many.
+QString withSingleBlanks(QString text) {
+    const int first = text.indexOf(QLatin1String("  "));
+    if (first < 0)
+        return text; // most texts: left shared, not copied
+    QChar* d = text.data();
+    const int n = text.size();
+    int kept = first + 1;
+    for (int i = kept; i < n; ++i) {
+        if (d[i] == QLatin1Char(' ') && d[kept - 1] == QLatin1Char(' '))
+            continue;
+        d[kept++] = d[i];
+    }
+    text.truncate(kept);
+    return text;
+}
+
+// The text as the patterns expect it: whole surrogate pairs only, the locale's own minus sign
+// as '-', and single blanks.
+QString forPatterns(QString text, const NumberLocale& locale) {
     text = withoutLoneSurrogates(std::move(text));
     if (locale.minusSign != QLatin1Char('-'))
         text.replace(locale.minusSign, QLatin1Char('-'));
-    return text;
+    return withSingleBlanks(std::move(text));
 }
 
 // Searches text; on an engine failure marks result and returns false.
@@ -92,8 +113,9 @@ void placeValues(double value1, QStringView letter1, double value2, QStringView 
 // Degrees, minutes and seconds as one angle; a minus sign on the degrees negates it all.
 double sexagesimalValue(QStringView degrees, QStringView minutes, QStringView seconds,
                         const NumberLocale& locale) {
-    const double magnitude = (ToDouble(minutes, locale) / 60 + std::fabs(ToDouble(degrees, locale))) +
-                             ToDouble(seconds, locale) / 3600;
+    const double magnitude =
+        (ToDouble(minutes, locale) / 60 + std::fabs(ToDouble(degrees, locale))) +
+        ToDouble(seconds, locale) / 3600;
     return degrees.startsWith(QLatin1Char('-')) ? -magnitude : magnitude;
 }
 
@@ -102,7 +124,7 @@ double sexagesimalValue(QStringView degrees, QStringView minutes, QStringView se
 ParsedPosition parseDDText(const QString& text, bool latFirst, const NumberLocale& locale) {
     ParsedPosition result;
     QRegularExpressionMatch m;
-    if (!search(ddPattern(), withAsciiMinus(text, locale), m, result))
+    if (!search(ddPattern(), forPatterns(text, locale), m, result))
         return result;
     placeValues(ToDouble(m.capturedView(1), locale), m.capturedView(2),
                 ToDouble(m.capturedView(3), locale), m.capturedView(4), latFirst, result);
@@ -112,7 +134,7 @@ ParsedPosition parseDDText(const QString& text, bool latFirst, const NumberLocal
 ParsedPosition parseDMSText(const QString& text, bool latFirst, const NumberLocale& locale) {
     ParsedPosition result;
     QRegularExpressionMatch m;
-    if (!search(dmsPattern(), withAsciiMinus(withPlainQuotes(text), locale), m, result))
+    if (!search(dmsPattern(), forPatterns(withPlainQuotes(text), locale), m, result))
         return result;
     const double value1 =
         sexagesimalValue(m.capturedView(1), m.capturedView(2), m.capturedView(3), locale);
@@ -122,11 +144,10 @@ ParsedPosition parseDMSText(const QString& text, bool latFirst, const NumberLoca
     return result;
 }
 
-ParsedPosition parseUTMText(const QString& text, const NumberLocale& locale,
-                            MessageBox& messages) {
+ParsedPosition parseUTMText(const QString& text, const NumberLocale& locale, MessageBox& messages) {
     ParsedPosition result;
     QRegularExpressionMatch m;
-    if (!search(utmPattern(), withAsciiMinus(text, locale), m, result))
+    if (!search(utmPattern(), forPatterns(text, locale), m, result))
         return result;
     const double n1 = ToDouble(m.capturedView(1), locale);
     const double n2 = ToDouble(m.capturedView(3), locale);

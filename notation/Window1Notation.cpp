@@ -9,11 +9,6 @@
 
 namespace {
 
-const QString recordCaption = QStringLiteral("Record Entry");
-const QString recordTooltip =
-    QStringLiteral("Click this button to record the current location for later use (including "
-                   "saving a list of locations as a text file");
-
 constexpr int enterKey = 3;
 constexpr int returnKey = 13;
 
@@ -35,7 +30,9 @@ QString Window1::formatUTM(double lon, double lat) const {
     return ::formatUTM(lon, lat, *this, numberLocale);
 }
 
-QString Window1::DMSfromAngle(double angle) const { return ::DMSfromAngle(angle, numberLocale); }
+QString Window1::DMSfromAngle(double angle) const {
+    return ::DMSfromAngle(angle, numberLocale);
+}
 
 void Window1::showParsedLocation() {
     if (lat == missingCoordinate || lon == missingCoordinate)
@@ -80,16 +77,16 @@ void Window1::parseUTM() {
     showParsedLocation();
 }
 
-void Window1::setSearchButton(const QString& caption, const QString& tooltip, bool isDefault) {
-    c.SearchButton->setCaption(caption);
-    c.SearchButton->setTooltip(tooltip);
+void Window1::setSearchButton(const SearchButtonState& state, bool isDefault) {
+    c.SearchButton->setCaption(state.caption);
+    c.SearchButton->setTooltip(state.tooltip);
     c.SearchButton->setDefault(isDefault);
 }
 
 void Window1::notationTextChange() {
     if (suppressUpdate)
         return;
-    setSearchButton(recordCaption, recordTooltip, true);
+    setSearchButton(SearchButtonStates::recordEntry(), true);
     if (theLocation)
         theLocation->saved = false;
 }
@@ -138,34 +135,52 @@ bool Window1::TextFieldDecDegrees_KeyDown(int key) {
     return notationKeyDown(key, *c.TextFieldDecDegrees, enteringDD, false, &Window1::parseDD,
                            &Window1::formatDD);
 }
-void Window1::TextFieldDecDegrees_GotFocus() { theText = c.TextFieldDecDegrees->text(); }
+void Window1::TextFieldDecDegrees_GotFocus() {
+    theText = c.TextFieldDecDegrees->text();
+}
 void Window1::TextFieldDecDegrees_LostFocus() {
     notationLostFocus(*c.TextFieldDecDegrees, false, &Window1::parseDD, &Window1::formatDD);
 }
-void Window1::TextFieldDecDegrees_TextChange() { notationTextChange(); }
-void Window1::TextFieldDecDegrees_MouseDown() { enterOnly(enteringDD); }
+void Window1::TextFieldDecDegrees_TextChange() {
+    notationTextChange();
+}
+void Window1::TextFieldDecDegrees_MouseDown() {
+    enterOnly(enteringDD);
+}
 
 bool Window1::TextFieldDMS_KeyDown(int key) {
     return notationKeyDown(key, *c.TextFieldDMS, enteringDMS, true, &Window1::parseDMS,
                            &Window1::formatDMS);
 }
-void Window1::TextFieldDMS_GotFocus() { theText = c.TextFieldDMS->text(); }
+void Window1::TextFieldDMS_GotFocus() {
+    theText = c.TextFieldDMS->text();
+}
 void Window1::TextFieldDMS_LostFocus() {
     notationLostFocus(*c.TextFieldDMS, true, &Window1::parseDMS, &Window1::formatDMS);
 }
-void Window1::TextFieldDMS_TextChange() { notationTextChange(); }
-void Window1::TextFieldDMS_MouseDown() { enterOnly(enteringDMS); }
+void Window1::TextFieldDMS_TextChange() {
+    notationTextChange();
+}
+void Window1::TextFieldDMS_MouseDown() {
+    enterOnly(enteringDMS);
+}
 
 bool Window1::TextFieldUTM_KeyDown(int key) {
     return notationKeyDown(key, *c.TextFieldUTM, enteringUTM, true, &Window1::parseUTM,
                            &Window1::formatUTM);
 }
-void Window1::TextFieldUTM_GotFocus() { theText = c.TextFieldUTM->text(); }
+void Window1::TextFieldUTM_GotFocus() {
+    theText = c.TextFieldUTM->text();
+}
 void Window1::TextFieldUTM_LostFocus() {
     notationLostFocus(*c.TextFieldUTM, true, &Window1::parseUTM, &Window1::formatUTM);
 }
-void Window1::TextFieldUTM_TextChange() { notationTextChange(); }
-void Window1::TextFieldUTM_MouseDown() { enterOnly(enteringUTM); }
+void Window1::TextFieldUTM_TextChange() {
+    notationTextChange();
+}
+void Window1::TextFieldUTM_MouseDown() {
+    enterOnly(enteringUTM);
+}
 
 void Window1::TextFieldLabel_TextChange() {
     if (suppressUpdate)
@@ -203,5 +218,9 @@ void Window1::orderButtonAction() {
     fillBatchTable();
 }
 
-void Window1::RadioButton1_Action() { orderButtonAction(); }
-void Window1::RadioButton2_Action() { orderButtonAction(); }
+void Window1::RadioButton1_Action() {
+    orderButtonAction();
+}
+void Window1::RadioButton2_Action() {
+    orderButtonAction();
+}

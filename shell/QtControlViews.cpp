@@ -75,6 +75,16 @@ int QtTabPanelView::selectedPanelIndex() const {
     return tabs ? tabs->currentIndex() : 0;
 }
 
+void QtTabPanelView::setSelectedPanelIndex(int index) {
+    if (tabs)
+        tabs->setCurrentIndex(index);
+}
+
+void QtPushButtonView::setFocus() {
+    if (button)
+        button->setFocus();
+}
+
 void QtMessageBox::show(const QString& text) {
     QMessageBox box(QMessageBox::NoIcon, QApplication::applicationName(), text, QMessageBox::Ok,
                     parent);
@@ -115,16 +125,16 @@ void QtTimerView::setRunMode(int mode) {
 }
 
 void ColourPanelView::setFillColor(std::uint32_t colourWord) {
-    if (!panel)
+    if (!widget)
         return;
     // The colour word's AA is transparency (00 opaque); Qt's alpha is opacity.
     QColor colour = QColor::fromRgb(colourWord & 0xFFFFFFu);
     colour.setAlpha(255 - static_cast<int>(colourWord >> 24));
-    QPalette palette = panel->palette();
+    QPalette palette = widget->palette();
     palette.setColor(QPalette::Window, colour);
-    panel->setPalette(palette);
-    panel->setAutoFillBackground(true);
-    panel->update();
+    widget->setPalette(palette);
+    widget->setAutoFillBackground(true);
+    widget->update();
 }
 
 bool PaletteAppearance::isDarkMode() const {

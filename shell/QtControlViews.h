@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QHash>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPixmap>
 #include <QPointer>
@@ -35,6 +36,7 @@ public:
     void setTooltip(const QString& tooltip) override;
     bool isDefault() const override;
     void setDefault(bool isDefault) override;
+    void setFocus() override;
 
 private:
     QPointer<QPushButton> button;
@@ -66,6 +68,7 @@ class QtTabPanelView : public TabPanelView {
 public:
     explicit QtTabPanelView(QTabWidget* tabs) : tabs(tabs) {}
     int selectedPanelIndex() const override;
+    void setSelectedPanelIndex(int index) override;
 
 private:
     QPointer<QTabWidget> tabs;
@@ -101,13 +104,58 @@ private:
 };
 
 // A plain panel painted in one colour.
-class ColourPanelView : public RectangleView {
+// A widget's left edge, width and visibility in its parent's coordinates.
+template <class View> class PlacedWidget : public View {
 public:
-    explicit ColourPanelView(QWidget* panel) : panel(panel) {}
+    explicit PlacedWidget(QWidget* widget) : widget(widget) {}
+    int left() const override { return widget ? widget->x() : 0; }
+    void setLeft(int left) override {
+        if (widget)
+            widget->move(left, widget->y());
+    }
+    int width() const override { return widget ? widget->width() : 0; }
+    void setWidth(int width) override {
+        if (widget)
+            widget->resize(width, widget->height());
+    }
+    bool isVisible() const override { return widget && widget->isVisible(); }
+    void setVisible(bool visible) override {
+        if (widget)
+            widget->setVisible(visible);
+    }
+
+protected:
+    QPointer<QWidget> widget;
+};
+
+class ColourPanelView : public PlacedWidget<RectangleView> {
+public:
+    explicit ColourPanelView(QWidget* panel) : PlacedWidget(panel) {}
     void setFillColor(std::uint32_t colourWord) override;
+};
+
+class QtLabelView : public PlacedWidget<LabelView> {
+public:
+    explicit QtLabelView(QLabel* label) : PlacedWidget(label), label(label) {}
+    QString text() const override { return label ? label->text() : QString(); }
+    void setText(const QString& text) override {
+        if (label)
+            label->setText(text);
+    }
 
 private:
-    QPointer<QWidget> panel;
+    QPointer<QLabel> label;
+};
+
+class QtWindowFrame : public WindowFrameView {
+public:
+    explicit QtWindowFrame(QWidget* window) : window(window) {}
+    int left() const override { return window ? window->frameGeometry().left() : 0; }
+    int top() const override { return window ? window->frameGeometry().top() : 0; }
+    int width() const override { return window ? window->frameGeometry().width() : 0; }
+
+private:
+    QPointer<QWidget> window;
 };
 
 // Dark when the window colour of the palette is darker than mid-grey.

@@ -156,6 +156,16 @@ TEST(ReadDMSFailure, RunawaySearchIsReportedAndReadsNothing) {
     EXPECT_EQ(p.lat, missing);
 }
 
+// A long run of blanks before the reading made the engine give up: "match limit exceeded".
+TEST(ReadDMSFailure, LongRunOfBlanksBeforeTheReadingIsNoFailedSearch) {
+    const QString text = QStringLiteral("7") + QString(400, QLatin1Char(' ')) +
+                         QString::fromUtf8("x 45° 30' 15.5\"N, 9° 10' 0\"E");
+    const ParsedPosition p = parseDMSText(text, latFirst, pointLocale);
+    EXPECT_FALSE(p.searchFailed) << p.errorText.toStdString();
+    EXPECT_NEAR(p.lon, 9 + 10 / 60.0, 1e-12);
+    EXPECT_NEAR(p.lat, 45 + 30 / 60.0 + 15.5 / 3600, 1e-12);
+}
+
 // --- UTM ---------------------------------------------------------------------------------------
 
 struct UtmCase {
@@ -230,6 +240,20 @@ TEST(ReadUTMValues, OwnOutputGivesBackTheLocationsItWasWrittenFor) {
     EXPECT_NEAR(p.lat, -33.85, 1e-6);
     EXPECT_NEAR(p.lon, 151.2, 1e-6);
     EXPECT_TRUE(box.shown.isEmpty());
+}
+
+// Wide gaps of blanks, as in a row pasted from a table, made the engine give up before the reading.
+TEST(ReadUTMValues, WideGapsOfBlanksBeforeTheReadingAreNoFailedSearch) {
+    const QString gap(60, QLatin1Char(' '));
+    const QString text = QStringLiteral("7") + gap + QStringLiteral("12") + gap +
+                         QStringLiteral("see 333471.8 E, 6253018.2 N -56");
+    RecordingMessageBox box;
+    const ParsedPosition p = parseUTMText(text, pointLocale, box);
+    const LonLat ref = referenceInverse(333471.8, 6253018.2, 56, false);
+    EXPECT_TRUE(box.shown.isEmpty()) << box.shown.join(QLatin1Char('|')).toStdString();
+    EXPECT_FALSE(p.searchFailed) << p.errorText.toStdString();
+    EXPECT_NEAR(p.lat, ref.lat, 1e-7);
+    EXPECT_LT(longitudeGap(p.lon, ref.lon), 1e-7) << p.lon << " vs " << ref.lon;
 }
 
 struct UtmUnreadCase {

@@ -40,10 +40,12 @@ public:
     void setTooltip(const QString& tooltip) override { tooltipText = tooltip; }
     bool isDefault() const override { return defaultButton; }
     void setDefault(bool isDefault) override { defaultButton = isDefault; }
+    void setFocus() override { ++focusRequests; }
 
     QString captionText;
     QString tooltipText;
     bool defaultButton = false;
+    int focusRequests = 0;
 };
 
 class FakeRadioButton : public RadioButtonView {
@@ -78,7 +80,14 @@ public:
 class FakeTabPanel : public TabPanelView {
 public:
     int selectedPanelIndex() const override { return page; }
+    void setSelectedPanelIndex(int index) override {
+        const bool changed = index != page;
+        page = index;
+        if (changed && onChange)
+            onChange();
+    }
     int page = 0;
+    std::function<void()> onChange; // the panel's change event, wired to the controller
 };
 
 class FakeMessageDialog : public MessageDialogView {
@@ -98,10 +107,57 @@ public:
     int mode = 0;
 };
 
-class FakeRectangle : public RectangleView {
+// Where a control on the map page stands, and whether it shows.
+template <class View> class FakePlaced : public View {
+public:
+    int left() const override { return x; }
+    void setLeft(int l) override { x = l; }
+    int width() const override { return w; }
+    void setWidth(int width) override { w = width; }
+    bool isVisible() const override { return visible; }
+    void setVisible(bool v) override { visible = v; }
+    int x = 0, w = 0;
+    bool visible = false;
+};
+
+class FakeRectangle : public FakePlaced<RectangleView> {
 public:
     void setFillColor(std::uint32_t colourWord) override { fill = colourWord; }
     std::uint32_t fill = 0;
+};
+
+class FakeLabel : public FakePlaced<LabelView> {
+public:
+    QString text() const override { return value; }
+    void setText(const QString& text) override { value = text; }
+    QString value;
+};
+
+class FakeFrame : public WindowFrameView {
+public:
+    int left() const override { return x; }
+    int top() const override { return y; }
+    int width() const override { return w; }
+    int x = 100, y = 50, w = 800;
+};
+
+class FakeMessageWindow : public MessageWindowView {
+public:
+    int width() const override { return 286; }
+    void move(int l, int t) override {
+        left = l;
+        top = t;
+    }
+    void setText(const QString& text) override { label = text; }
+    void show() override {
+        shown = true;
+        ++shows;
+    }
+    void close() override { shown = false; }
+    int left = 0, top = 0;
+    QString label;
+    bool shown = false;
+    int shows = 0;
 };
 
 class FakeAppearance : public AppearanceView {

@@ -10,6 +10,12 @@
 
 class FakeMapView : public MapView {
 public:
+    int left() const override { return mapLeft; }
+    int width() const override { return mapWidth; }
+    void setMouseCursor(const MouseCursor& cursor) override {
+        this->cursor = cursor;
+        ++cursorSets;
+    }
     MapCoordinate centerCoordinate() const override { return centre; }
     void setCenterCoordinate(MapCoordinate c) override {
         centre = c;
@@ -51,6 +57,9 @@ public:
         return std::find(pins.begin(), pins.end(), pin) != pins.end();
     }
 
+    int mapLeft = 32, mapWidth = 737; // where the map stands in its page
+    MouseCursor cursor;
+    int cursorSets = 0;
     MapCoordinate centre{0, 0};
     std::vector<MapCoordinate> centreMoves;
     double zoomLevel = 0;

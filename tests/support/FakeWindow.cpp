@@ -20,6 +20,9 @@ FakeWindow::FakeWindow() {
     c.messageDialog = &messageDialog;
     c.TimerUserLocation = &TimerUserLocation;
     c.Rectangle1 = &Rectangle1;
+    c.LabelLatLon = &LabelLatLon;
+    c.frame = &frame;
+    c.messageWindow = &messageWindow;
     c.appearance = &appearance;
     c.pictures = &pictures;
     pictures.sizes.insert(QStringLiteral("scopeCurs"), QSize(31, 21));
@@ -43,6 +46,7 @@ FakeWindow::FakeWindow() {
     TextFieldUTM.onTextChange = [win] { win->TextFieldUTM_TextChange(); };
     TextFieldLabel.onTextChange = [win] { win->TextFieldLabel_TextChange(); };
     addressTextField.onTextChange = [win] { win->addressTextField_TextChange(); };
+    TabPanel1.onChange = [win] { win->TabPanel1_Change(); };
     BatchListbox.onCellAction = [win](int row, int column) {
         win->BatchListbox_CellAction(row, column);
     };

@@ -27,6 +27,9 @@ public:
     FakeMessageDialog messageDialog;
     FakeTimer TimerUserLocation;
     FakeRectangle Rectangle1;
+    FakeLabel LabelLatLon;
+    FakeFrame frame;
+    FakeMessageWindow messageWindow;
     FakeAppearance appearance;
     FakePictures pictures; // scopeCurs is 31 x 21 pixels
 
