@@ -145,10 +145,12 @@ void Window1::TimerUserLocation_Action() {
         if (showMap)
             LoadMap(theLocation->lat, theLocation->lon);
     }
-    // Ordinary text changes: the location on show counts as not recorded.
+    // Ordinary text changes: the location on show counts as not recorded. The form may already
+    // hold these very texts, which raises no change, so the fields' change rule is applied here.
     c.TextFieldDecDegrees->setText(formatDD(lon, lat));
     c.TextFieldDMS->setText(formatDMS(lon, lat));
     c.TextFieldUTM->setText(formatUTM(lon, lat));
+    notationTextChange();
     c.TimerUserLocation->setRunMode(0);
     if (!fix) {
         c.MainMenuBar->item(QStringLiteral("MapShowUserLocation")).setHasCheckMark(false);
