@@ -3,12 +3,16 @@
 #include "BatchTableView.h"
 #include "FormatPopupButton.h"
 #include "MainMenuBar.h"
+#include "MarbleMapView.h"
 #include "TextFieldEvents.h"
 #include "locationbook/BatchTable.h"
 #include "locationbook/Window1.h"
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QButtonGroup>
 #include <QFontMetrics>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,6 +20,9 @@
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTimer>
+#include <QToolButton>
+
+#include <cstdio>
 
 namespace {
 
@@ -51,6 +58,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
     central = new QWidget(this);
     setCentralWidget(central);
     layout = std::make_unique<LockedLayout>(central, QSize(800, 650));
+    picturesView = std::make_unique<ResourcePictures>(); // the map's pointer is one of them
     createControls();
 
     Window1Controls c;
@@ -72,12 +80,18 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
     c.messageDialog = (messageDialogView = std::make_unique<QtMessageDialog>(this)).get();
     c.TimerUserLocation = (timerView = std::make_unique<QtTimerView>(TimerUserLocation)).get();
     c.Rectangle1 = (rectangleView = std::make_unique<ColourPanelView>(Rectangle1)).get();
+    c.LabelLatLon = (labelLatLonView = std::make_unique<QtLabelView>(LabelLatLon)).get();
+    c.frame = (frameView = std::make_unique<QtWindowFrame>(this)).get();
+    c.messageWindow = (messageWindowView = std::make_unique<QtMessageWindow>(this)).get();
     c.appearance = (appearanceView = std::make_unique<PaletteAppearance>()).get();
-    c.pictures = (picturesView = std::make_unique<ResourcePictures>()).get();
+    c.pictures = picturesView.get();
     window1 = std::make_unique<Window1>(c);
+    // White, a fifth see-through: the map shows faintly behind the read-out.
+    rectangleView->setFillColor(0x33FFFFFFu);
 
     wireEvents();
     wireMenu();
+    wireMap();
     resize(800, 650 + menu->sizeHint().height());
     setMinimumSize(536, 410 + menu->sizeHint().height());
     // Controls open before their window.
@@ -85,10 +99,13 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
     window1->BevelButtonFormatDMS_Open();
     window1->BevelButtonFormatUTM_Open();
     window1->Event_Open();
+    // The map opens after the window, which makes the pointer the map is to show.
+    window1->Map_Open(Map);
 }
 
 MainWindow::~MainWindow() {
     // The controller goes first: widgets being torn down must not reach it.
+    Map->setEvents({});
     window1.reset();
     batchTable->onCellAction = nullptr;
     batchTable->onChange = nullptr;
@@ -182,9 +199,7 @@ void MainWindow::createPage0(QWidget* page) {
         QStringLiteral("Type an address in this text field and then click the Find Address "
                        "button to the right to get the location of that address"));
 
-    Rectangle1 = new QWidget(page);
-    Rectangle1->setObjectName(QStringLiteral("Rectangle1"));
-    Rectangle1->hide(); // the pointer read-out's panel shows over the map
+    createMap(page);
 
     TextFieldLabel = addTextField(page, "TextFieldLabel", QRect(346, 54, 423, 22), L | T | R);
     TextFieldLabel->setPlaceholderText(QStringLiteral("Label"));
@@ -203,12 +218,16 @@ void MainWindow::createPage0(QWidget* page) {
 
     // One caption size for the page's labels and order buttons: the one the longest needs.
     qreal captionSize = font().pointSizeF();
-    const auto captions = page->findChildren<QWidget*>();
+    // The map's read-out has a size of its own, and the map's own labels are not the page's.
+    const auto captions = page->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    const auto isCaption = [this](QWidget* w) {
+        return w != LabelLatLon && (qobject_cast<QLabel*>(w) || qobject_cast<QRadioButton*>(w));
+    };
     for (QWidget* w : captions)
-        if (qobject_cast<QLabel*>(w) || qobject_cast<QRadioButton*>(w))
+        if (isCaption(w))
             captionSize = qMin(captionSize, w->font().pointSizeF());
     for (QWidget* w : captions)
-        if (qobject_cast<QLabel*>(w) || qobject_cast<QRadioButton*>(w)) {
+        if (isCaption(w)) {
             QFont f = w->font();
             f.setPointSizeF(captionSize);
             w->setFont(f);
@@ -221,6 +240,102 @@ void MainWindow::createPage0(QWidget* page) {
     setTabOrder(TextFieldDMS, TextFieldUTM);
     setTabOrder(TextFieldUTM, addressTextField);
     setTabOrder(addressTextField, SearchButton);
+}
+
+void MainWindow::createMap(QWidget* page) {
+    Map = new MarbleMapView(picturesView.get(), page);
+    Map->setObjectName(QStringLiteral("Map"));
+    layout->add(Map, QRect(32, 226, 737, 398), L | T | R | B);
+
+    // The pointer read-out over the map's top right corner, on its half-transparent panel.
+    // Clicks and the pointer pass through both to the map, which would otherwise see the
+    // pointer leave whenever it went under them.
+    Rectangle1 = new QWidget(page);
+    Rectangle1->setObjectName(QStringLiteral("Rectangle1"));
+    Rectangle1->setAttribute(Qt::WA_TransparentForMouseEvents);
+    Rectangle1->hide(); // shown while the pointer is over the map
+    layout->add(Rectangle1, QRect(592, 226, 173, 20), T | R);
+    LabelLatLon = new QLabel(page);
+    LabelLatLon->setObjectName(QStringLiteral("LabelLatLon"));
+    LabelLatLon->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    QFont readout = LabelLatLon->font();
+    readout.setPixelSize(16);
+    LabelLatLon->setFont(readout);
+    LabelLatLon->setAttribute(Qt::WA_TransparentForMouseEvents);
+    LabelLatLon->hide();
+    layout->add(LabelLatLon, QRect(519, 226, 250, 20), T | R);
+
+    // The map types, as one segmented control over the map's bottom left corner.
+    auto* segments = new QWidget(page);
+    segments->setObjectName(QStringLiteral("SegmentedControl1"));
+    auto* row = new QHBoxLayout(segments);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    SegmentedControl1 = new QButtonGroup(this);
+    SegmentedControl1->setExclusive(true);
+    const QString captions[] = {QStringLiteral("Standard"), QStringLiteral("Satellite"),
+                                QStringLiteral("Hybrid")};
+    for (int i = 0; i < 3; ++i) {
+        auto* segment = new QToolButton(segments);
+        segment->setObjectName(QStringLiteral("SegmentedControl1_%1").arg(i));
+        segment->setText(captions[i]);
+        segment->setCheckable(true);
+        segment->setFocusPolicy(Qt::NoFocus);
+        segment->setFixedSize(73, 24);
+        fitCaption(segment, captions[i], 73);
+        row->addWidget(segment);
+        SegmentedControl1->addButton(segment, i);
+    }
+    // One size for the three captions: the one the longest needs.
+    qreal segmentSize = font().pointSizeF();
+    for (QAbstractButton* segment : SegmentedControl1->buttons())
+        segmentSize = qMin(segmentSize, segment->font().pointSizeF());
+    for (QAbstractButton* segment : SegmentedControl1->buttons()) {
+        QFont f = segment->font();
+        f.setPointSizeF(segmentSize);
+        segment->setFont(f);
+    }
+    SegmentedControl1->button(0)->setChecked(true);
+    layout->add(segments, QRect(40, 593, 219, 24), L | B);
+
+    Rectangle1->raise();
+    LabelLatLon->raise();
+    segments->raise();
+}
+
+void MainWindow::wireMap() {
+    Window1* w = window1.get();
+    MarbleMapView::Events events;
+    events.mouseDown = [w](int x, int y, bool contextual) {
+        return w->Map_MouseDown(x, y, contextual);
+    };
+    events.mouseUp = [w](int x, int y) { w->Map_MouseUp(x, y); };
+    events.mouseMove = [w](int x, int y) { w->Map_MouseMove(x, y); };
+    events.mouseEnter = [w] { w->Map_MouseEnter(); };
+    events.mouseExit = [w] { w->Map_MouseExit(); };
+    events.pinSelected = [w](const MapPinRef& pin) { w->Map_didSelectAnnotationView(pin); };
+    events.constructContextualMenu = [w](PopupMenuItem& base, int x, int y) {
+        return w->Map_ConstructContextualMenu(base, x, y);
+    };
+    events.contextualMenuAction = [w](const PopupMenuItem& item) {
+        return w->Map_ContextualMenuAction(item);
+    };
+    events.regionChanged = [w] { w->Map_regionDidChangeAnimated(); };
+    events.locationOnShow = [w] { return w->currentPin; };
+    Map->setEvents(events);
+    connect(SegmentedControl1, &QButtonGroup::idClicked, this,
+            [w](int id) { w->SegmentedControl1_Action(id); });
+    connect(TimerUserLocation, &QTimer::timeout, this, [w] { w->TimerUserLocation_Action(); });
+    // Start-up measurement (bench/MapBench): GEOQUILL_FIRST_MAP_FRAME=print says on standard
+    // output when the map is first painted; =exit also quits then.
+    const QByteArray report = qgetenv("GEOQUILL_FIRST_MAP_FRAME");
+    if (report == "print" || report == "exit")
+        connect(Map, &MarbleMapView::firstFrame, this, [report] {
+            std::fputs("first map frame\n", stdout);
+            std::fflush(stdout);
+            if (report == "exit")
+                QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+        });
 }
 
 void MainWindow::wireEvents() {

@@ -4,6 +4,7 @@
 
 #include "LockedLayout.h"
 #include "QtControlViews.h"
+#include "QtMessageWindow.h"
 
 #include <QMainWindow>
 
@@ -13,6 +14,7 @@ class BatchTable;
 class BatchTableView;
 class FormatPopupButton;
 class MainMenuBar;
+class MarbleMapView;
 class QButtonGroup;
 class QLabel;
 class QLineEdit;
@@ -44,6 +46,12 @@ public:
     FormatPopupButton* bevelButtonFormatDD() const { return BevelButtonFormatDD; }
     FormatPopupButton* bevelButtonFormatDMS() const { return BevelButtonFormatDMS; }
     FormatPopupButton* bevelButtonFormatUTM() const { return BevelButtonFormatUTM; }
+    MarbleMapView* map() const { return Map; }
+    QWidget* rectangle1() const { return Rectangle1; }
+    QLabel* labelLatLon() const { return LabelLatLon; }
+    // The map-type buttons: ids 0 Standard, 1 Satellite, 2 Hybrid.
+    QButtonGroup* segmentedControl1() const { return SegmentedControl1; }
+    QtMessageWindow* messageWindow() const { return messageWindowView.get(); }
 
 protected:
     bool event(QEvent* event) override;
@@ -56,9 +64,11 @@ private:
     void createPage0(QWidget* page);
     QLineEdit* addTextField(QWidget* page, const char* name, QRect place, int locks);
     QLabel* addLabel(QWidget* page, const char* name, const QString& text, QRect place);
+    void createMap(QWidget* page);
     FormatPopupButton* addFormatButton(QWidget* page, const char* name, QRect place);
     void wireEvents();
     void wireMenu();
+    void wireMap();
 
     QWidget* central = nullptr;
     MainMenuBar* menu = nullptr;
@@ -78,6 +88,9 @@ private:
     std::unique_ptr<BatchTable> batchTable; // the rows of BatchListbox
     BatchTableView* BatchListbox = nullptr;
     QWidget* Rectangle1 = nullptr;
+    MarbleMapView* Map = nullptr;
+    QLabel* LabelLatLon = nullptr;
+    QButtonGroup* SegmentedControl1 = nullptr;
     QTimer* TimerUserLocation = nullptr;
     std::unique_ptr<LockedLayout> layout;
 
@@ -90,6 +103,9 @@ private:
     std::unique_ptr<QtMessageDialog> messageDialogView;
     std::unique_ptr<QtTimerView> timerView;
     std::unique_ptr<ColourPanelView> rectangleView;
+    std::unique_ptr<QtLabelView> labelLatLonView;
+    std::unique_ptr<QtWindowFrame> frameView;
+    std::unique_ptr<QtMessageWindow> messageWindowView;
     std::unique_ptr<PaletteAppearance> appearanceView;
     std::unique_ptr<ResourcePictures> picturesView;
     std::unique_ptr<Window1> window1;

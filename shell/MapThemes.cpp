@@ -1,0 +1,201 @@
+#include "MapThemes.h"
+
+#include <marble/MarbleDirs.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+// The looks live in a static library, whose resource registration the linker would drop unless
+// something refers to it; the macro must stand outside any namespace.
+static void registerThemes() {
+    Q_INIT_RESOURCE(themes);
+}
+
+namespace {
+
+const char* const plainTheme = "earth/plain/plain.dgml";
+const char* const openStreetMapTheme = "earth/openstreetmap/openstreetmap.dgml";
+
+// Our own looks, as shipped in the resources (":/themes/<name>.dgml").
+const char* const ownThemes[] = {"geoquill-satellite", "geoquill-satellite-online",
+                                 "geoquill-hybrid", "geoquill-hybrid-online"};
+
+QString ownThemeId(const char* name) {
+    return QStringLiteral("earth/%1/%1.dgml").arg(QLatin1String(name));
+}
+
+// A small tile every server has: the whole world at level 0.
+const char* const defaultProbeAddress[] = {"https://a.tile.openstreetmap.org/0/0/0.png",
+                                           "http://maps.kde.org/earth/sentinel2/0/0/0.jpg"};
+
+// Tile folders Marble writes to under its local maps folder: downloads of the online looks
+// and the Blue Marble tiles it makes from its own picture. They are a cache, so they live in
+// the user's cache folder, reached through a link where Marble looks for them.
+const char* const tileFolders[] = {"openstreetmap", "sentinel2", "bluemarble"};
+
+QString cacheRoot() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
+           QStringLiteral("/geoquill");
+}
+
+// A link at linkPath to target, replacing a link that points elsewhere; never a real folder.
+bool ensureLink(const QString& target, const QString& linkPath) {
+    const QFileInfo link(linkPath);
+    if (link.isSymLink()) {
+        if (link.symLinkTarget() == target)
+            return true;
+        QFile::remove(linkPath);
+    } else if (link.exists()) {
+        return false;
+    }
+    return QFile::link(target, linkPath);
+}
+
+// Only the plugins we name, so nothing else is loaded: no online layer can start
+// downloading by itself, and the first frame comes sooner.
+bool makePluginFolder() {
+    const QString folder = cacheRoot() + QStringLiteral("/marble-plugins");
+    if (!QDir().mkpath(folder))
+        return false;
+    const QDir system(Marble::MarbleDirs::pluginSystemPath());
+    bool linked = false;
+    for (const QString& name : MapThemes::pluginNames()) {
+        const QString file = name + QStringLiteral(".so");
+        if (!system.exists(file))
+            continue;
+        if (!ensureLink(system.absoluteFilePath(file), folder + QLatin1Char('/') + file))
+            return false;
+        linked = true;
+    }
+    if (linked)
+        Marble::MarbleDirs::setMarblePluginPath(folder);
+    return linked;
+}
+
+void linkTileFolders() {
+    const QString maps = Marble::MarbleDirs::localPath() + QStringLiteral("/maps/earth/");
+    QDir().mkpath(maps);
+    for (const char* name : tileFolders) {
+        const QString target = cacheRoot() + QStringLiteral("/tiles/") + QLatin1String(name);
+        // A folder of the user's own (Marble used before) is left as it is.
+        if (QDir().mkpath(target))
+            ensureLink(target, maps + QLatin1String(name));
+    }
+}
+
+void installOwnThemes() {
+    registerThemes();
+    for (const char* name : ownThemes) {
+        QFile source(QStringLiteral(":/themes/%1.dgml").arg(QLatin1String(name)));
+        if (!source.open(QIODevice::ReadOnly))
+            continue;
+        const QByteArray text = source.readAll();
+        const QString folder =
+            Marble::MarbleDirs::localPath() + QStringLiteral("/maps/earth/") + QLatin1String(name);
+        const QString path = folder + QLatin1Char('/') + QLatin1String(name) + ".dgml";
+        QFile installed(path);
+        if (installed.open(QIODevice::ReadOnly) && installed.readAll() == text)
+            continue;
+        installed.close();
+        QDir().mkpath(folder);
+        QSaveFile out(path);
+        if (out.open(QIODevice::WriteOnly)) {
+            out.write(text);
+            out.commit();
+        }
+    }
+}
+
+} // namespace
+
+MapThemes::MapThemes(QObject* parent)
+    : QObject(parent), probing(!qEnvironmentVariableIsSet("GEOQUILL_MAP_OFFLINE")) {
+    setProbeAddresses(QUrl(QString::fromLatin1(defaultProbeAddress[0])),
+                      QUrl(QString::fromLatin1(defaultProbeAddress[1])));
+}
+
+void MapThemes::setProbeAddresses(const QUrl& openStreetMap, const QUrl& sentinel2) {
+    probeAddress[int(Source::OpenStreetMap)] = openStreetMap;
+    probeAddress[int(Source::Sentinel2)] = sentinel2;
+}
+
+const QStringList& MapThemes::pluginNames() {
+    static const QStringList names = {
+        // Float items we show.
+        QStringLiteral("CompassFloatItem"),
+        QStringLiteral("MapScaleFloatItem"),
+        // Readers of the files the looks are made of.
+        QStringLiteral("Pn2Plugin"),
+        QStringLiteral("PntPlugin"),
+        QStringLiteral("CachePlugin"),
+        QStringLiteral("KmlPlugin"),
+        // Finding places by name (the address search).
+        QStringLiteral("LocalDatabasePlugin"),
+        QStringLiteral("LatLonPlugin"),
+        QStringLiteral("NominatimSearchPlugin"),
+        // The user's position.
+        QStringLiteral("QtPositioningPositionProviderPlugin"),
+        QStringLiteral("GpsdPositionProviderPlugin"),
+    };
+    return names;
+}
+
+void MapThemes::prepare() {
+    static bool prepared = false;
+    if (prepared)
+        return;
+    prepared = true;
+    makePluginFolder();
+    linkTileFolders();
+    installOwnThemes();
+}
+
+QString MapThemes::themeFor(int mapType) const {
+    const bool satelliteOnline = reachable[int(Source::Sentinel2)];
+    switch (mapType) {
+    case 1:
+        return ownThemeId(satelliteOnline ? ownThemes[1] : ownThemes[0]);
+    case 2:
+        return ownThemeId(satelliteOnline ? ownThemes[3] : ownThemes[2]);
+    default:
+        return QLatin1String(reachable[int(Source::OpenStreetMap)] ? openStreetMapTheme
+                                                                   : plainTheme);
+    }
+}
+
+void MapThemes::probe(bool now) {
+    if (!probing)
+        return;
+    const QDateTime time = QDateTime::currentDateTimeUtc();
+    if (!now && lastProbe.isValid() && lastProbe.secsTo(time) < 60)
+        return;
+    lastProbe = time;
+    if (!network)
+        network = new QNetworkAccessManager(this);
+    probeSource(Source::OpenStreetMap);
+    probeSource(Source::Sentinel2);
+}
+
+void MapThemes::probeSource(Source source) {
+    QNetworkRequest request(probeAddress[int(source)]);
+    request.setTransferTimeout(5000);
+    request.setHeader(QNetworkRequest::UserAgentHeader,
+                      QStringLiteral("Geoquill/1.0.1 (map tile check)"));
+    QNetworkReply* reply = network->head(request);
+    connect(reply, &QNetworkReply::finished, this, [this, reply, source] {
+        reply->deleteLater();
+        const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+        const bool answered =
+            reply->error() == QNetworkReply::NoError && status >= 200 && status < 400;
+        if (answered == reachable[int(source)])
+            return;
+        reachable[int(source)] = answered;
+        emit onlineChanged();
+    });
+}

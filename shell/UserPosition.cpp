@@ -1,0 +1,152 @@
+#include "UserPosition.h"
+
+#include <marble/GeoDataCoordinates.h>
+#include <marble/MarbleModel.h>
+#include <marble/PluginManager.h>
+#include <marble/PositionProviderPlugin.h>
+#include <marble/PositionTracking.h>
+
+namespace {
+
+// The system's providers in the order they are tried, by Marble's names for them.
+const char* const systemProviders[] = {"QtPositioning", "Gpsd"};
+
+} // namespace
+
+UserPosition::UserPosition(Marble::MarbleModel* model, QObject* parent)
+    : QObject(parent), model(model) {
+    if (!model) {
+        return;
+    }
+    Marble::PositionTracking* tracking = model->positionTracking();
+    connect(tracking, &Marble::PositionTracking::statusChanged, this, &UserPosition::takeStatus);
+    connect(tracking, &Marble::PositionTracking::gpsLocation, this,
+            [this](const Marble::GeoDataCoordinates& where, qreal) { takeLocation(where); });
+}
+
+UserPosition::~UserPosition() {
+    const bool ours = runningIsOurs();
+    tracking = false;
+    if (ours) {
+        model->positionTracking()->setPositionProviderPlugin(nullptr);
+    }
+}
+
+void UserPosition::useProvider(Marble::PositionProviderPlugin* provider) {
+    replacement = provider;
+}
+
+std::optional<MapCoordinate> UserPosition::position() const {
+    return fix;
+}
+
+void UserPosition::setTracking(bool on) {
+    if (on == tracking || !model) {
+        return;
+    }
+    tracking = on;
+    ++attempt;
+    untried.clear();
+    hadFix = false;
+    if (on) {
+        if (replacement) {
+            untried.append(replacement.data());
+        } else {
+            const auto plugins = model->pluginManager()->positionProviderPlugins();
+            for (const char* const nameId : systemProviders) {
+                for (const Marble::PositionProviderPlugin* plugin : plugins) {
+                    if (plugin->nameId() == QLatin1String(nameId)) {
+                        untried.append(plugin);
+                    }
+                }
+            }
+        }
+        startNextProvider();
+        return;
+    }
+    // The provider may be the one whose signal is being delivered right now (a slot of
+    // positionChanged that stops tracking), and the tracking deletes the provider it drops: drop
+    // it once that delivery is over. Its fixes count no more from here on.
+    const QPointer<Marble::PositionProviderPlugin> stopped = running;
+    const QPointer<Marble::MarbleModel> owner = model;
+    running = nullptr;
+    QMetaObject::invokeMethod(
+        model->positionTracking(),
+        [stopped, owner] {
+            if (stopped && owner &&
+                owner->positionTracking()->positionProviderPlugin() == stopped.data()) {
+                owner->positionTracking()->setPositionProviderPlugin(nullptr);
+            }
+        },
+        Qt::QueuedConnection);
+    forget();
+}
+
+void UserPosition::startNextProvider() {
+    ++attempt;
+    while (tracking && model && !untried.isEmpty()) {
+        const QPointer<const Marble::PositionProviderPlugin> prototype = untried.takeFirst();
+        if (!prototype) {
+            continue;
+        }
+        running = prototype->newInstance();
+        // The tracking owns the instance from here on, deleting the one it had.
+        model->positionTracking()->setPositionProviderPlugin(running.data());
+        if (running && running->isInitialized()) {
+            return;
+        }
+        // No source at all (Qt Positioning with no plugin for this system): the next provider
+        // now, and no second switch for a failure the start may already have reported.
+        ++attempt;
+    }
+}
+
+void UserPosition::providerFailed() {
+    forget();
+    if (hadFix || untried.isEmpty()) {
+        return;
+    }
+    // Not now: the failing provider is inside its own signal, and the switch deletes it.
+    const quint64 failedAttempt = attempt;
+    QMetaObject::invokeMethod(
+        this,
+        [this, failedAttempt] {
+            if (failedAttempt == attempt) {
+                startNextProvider();
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+void UserPosition::takeStatus() {
+    if (runningIsOurs() && running->status() == Marble::PositionProviderStatusError) {
+        providerFailed();
+    }
+}
+
+void UserPosition::takeLocation(const Marble::GeoDataCoordinates& where) {
+    if (!runningIsOurs() || !where.isValid()) {
+        return;
+    }
+    const MapCoordinate now{where.latitude(Marble::GeoDataCoordinates::Degree),
+                            where.longitude(Marble::GeoDataCoordinates::Degree)};
+    hadFix = true;
+    // The tracking reports a provider's first fix twice when it comes during the start.
+    if (fix && fix->latitude == now.latitude && fix->longitude == now.longitude) {
+        return;
+    }
+    fix = now;
+    emit positionChanged();
+}
+
+void UserPosition::forget() {
+    if (fix) {
+        fix.reset();
+        emit positionChanged();
+    }
+}
+
+bool UserPosition::runningIsOurs() const {
+    return tracking && model && running &&
+           model->positionTracking()->positionProviderPlugin() == running.data();
+}
