@@ -1,13 +1,34 @@
 #include "FormatPopupButton.h"
 
 #include <QMenu>
+#include <QStyle>
 
 FormatPopupButton::FormatPopupButton(QWidget* parent)
-    : QToolButton(parent), dropDown(new QMenu(this)) {
+    : QToolButton(parent), dropDown(new QMenu(this)), designPointSize(font().pointSizeF()) {
     QToolButton::setMenu(dropDown);
     setPopupMode(QToolButton::InstantPopup);
     setToolButtonStyle(Qt::ToolButtonTextOnly);
     connect(dropDown, &QMenu::aboutToShow, this, &FormatPopupButton::rebuildMenu);
+}
+
+void FormatPopupButton::setCaption(const QString& caption) {
+    setText(caption);
+    fitCaption();
+}
+
+void FormatPopupButton::resizeEvent(QResizeEvent* event) {
+    QToolButton::resizeEvent(event);
+    fitCaption();
+}
+
+void FormatPopupButton::fitCaption() {
+    const int arrow = style()->pixelMetric(QStyle::PM_MenuButtonIndicator, nullptr, this);
+    const int room = width() - arrow - 8; // the frame's margins on both sides
+    QFont caption = font();
+    caption.setPointSizeF(designPointSize);
+    while (caption.pointSizeF() > 7 && QFontMetrics(caption).horizontalAdvance(text()) > room)
+        caption.setPointSizeF(caption.pointSizeF() - 0.5);
+    setFont(caption);
 }
 
 void FormatPopupButton::setMenuStyle(int style) {

@@ -26,17 +26,24 @@ public:
     QMenu* popupMenu() const { return dropDown; }
 
     QString caption() const override { return text(); }
-    void setCaption(const QString& caption) override { setText(caption); }
+    void setCaption(const QString& caption) override;
     void setCaptionAlignment(int alignment) override { captionAlignment = alignment; }
     void setMenuStyle(int style) override;
     PopupMenuItem& menu() override { return base; }
     void setMenu(const PopupMenuItem& menu) override { base = menu; }
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
+    // The buttons were drawn for a smaller system font: a caption that would be cut is set
+    // smaller, down to a legible minimum, beside the menu's arrow.
+    void fitCaption();
     void rebuildMenu();
     void addEntries(QMenu* into, const PopupMenuItem& parent, const QStringList& path);
 
     PopupMenuItem base;
     QMenu* dropDown;
     int captionAlignment = 0;
+    qreal designPointSize;
 };

@@ -80,7 +80,8 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
     c.messageDialog = (messageDialogView = std::make_unique<QtMessageDialog>(this)).get();
     c.TimerUserLocation = (timerView = std::make_unique<QtTimerView>(TimerUserLocation)).get();
     c.Rectangle1 = (rectangleView = std::make_unique<ColourPanelView>(Rectangle1)).get();
-    c.LabelLatLon = (labelLatLonView = std::make_unique<QtLabelView>(LabelLatLon)).get();
+    c.LabelLatLon =
+        (labelLatLonView = std::make_unique<ReadOutLabelView>(LabelLatLon, Rectangle1)).get();
     c.frame = (frameView = std::make_unique<QtWindowFrame>(this)).get();
     c.messageWindow = (messageWindowView = std::make_unique<QtMessageWindow>(this)).get();
     c.appearance = (appearanceView = std::make_unique<PaletteAppearance>()).get();

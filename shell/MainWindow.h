@@ -5,6 +5,7 @@
 #include "LockedLayout.h"
 #include "QtControlViews.h"
 #include "QtMessageWindow.h"
+#include "ReadOutLabelView.h"
 
 #include <QMainWindow>
 
@@ -103,7 +104,7 @@ private:
     std::unique_ptr<QtMessageDialog> messageDialogView;
     std::unique_ptr<QtTimerView> timerView;
     std::unique_ptr<ColourPanelView> rectangleView;
-    std::unique_ptr<QtLabelView> labelLatLonView;
+    std::unique_ptr<ReadOutLabelView> labelLatLonView;
     std::unique_ptr<QtWindowFrame> frameView;
     std::unique_ptr<QtMessageWindow> messageWindowView;
     std::unique_ptr<PaletteAppearance> appearanceView;

@@ -18,6 +18,7 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QTimer>
+#include <QVariantAnimation>
 #include <QToolButton>
 #include <QWheelEvent>
 
@@ -107,6 +108,16 @@ MarbleMapView::MarbleMapView(ResourcePictures* pictures, QWidget* parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setContextMenuPolicy(Qt::PreventContextMenu);
 
+    // Show All flies to the pins rather than jumping, so the user sees where they are.
+    flight = new QVariantAnimation(this);
+    flight->setStartValue(0.0);
+    flight->setEndValue(1.0);
+    flight->setDuration(flightMilliseconds);
+    flight->setEasingCurve(QEasingCurve::InOutCubic);
+    connect(flight, &QVariantAnimation::valueChanged, this,
+            [this](const QVariant& progress) { flightStep(progress.toDouble()); });
+    connect(flight, &QVariantAnimation::finished, this, [this] { setViewMoving(false); });
+
     wheelSettle = new QTimer(this);
     wheelSettle->setSingleShot(true);
     wheelSettle->setInterval(250);
@@ -162,6 +173,7 @@ MapCoordinate MarbleMapView::centerCoordinate() const {
 }
 
 void MarbleMapView::setCenterCoordinate(MapCoordinate centre) {
+    stopFlight();
     if (!std::isfinite(centre.latitude) || !std::isfinite(centre.longitude))
         return;
     marbleMap->centerOn(centre.longitude, centre.latitude);
@@ -173,18 +185,24 @@ double MarbleMapView::zoomLevel() const {
 }
 
 void MarbleMapView::setZoomLevel(double level) {
+    stopFlight();
     if (std::isfinite(level))
         setMarbleZoom(marbleZoomOfWebLevel(level));
 }
 
 void MarbleMapView::zoomBy(double levels) {
+    stopFlight();
     setMarbleZoom(200.0 * std::log(double(marbleMap->radius())) + levels * marbleZoomPerWebLevel);
 }
 
-void MarbleMapView::setMarbleZoom(double marbleZoom) {
+double MarbleMapView::clampedMarbleZoom(double marbleZoom) const {
     // The theme's limits, as MarbleWidget's setZoom keeps them: past them the look has no data.
-    const double zoom =
-        std::clamp(marbleZoom, double(marbleMap->minimumZoom()), double(marbleMap->maximumZoom()));
+    return std::clamp(marbleZoom, double(marbleMap->minimumZoom()),
+                      double(marbleMap->maximumZoom()));
+}
+
+void MarbleMapView::setMarbleZoom(double marbleZoom) {
+    const double zoom = clampedMarbleZoom(marbleZoom);
     const int radius = std::max(1, int(std::lround(std::exp(zoom / 200.0))));
     if (radius != marbleMap->radius()) {
         marbleMap->setRadius(radius);
@@ -225,7 +243,52 @@ void MarbleMapView::keepPointUnder(MapCoordinate where, QPointF to) {
     panBy(centre, to.x() - now->x(), to.y() - now->y());
 }
 
-void MarbleMapView::showAnnotations(const std::vector<MapPinRef>& shown, bool) {
+MarbleMapView::Place MarbleMapView::currentPlace() const {
+    return Place{marbleMap->centerLongitude() * degree,
+                 mercator(marbleMap->centerLatitude() * degree),
+                 200.0 * std::log(double(marbleMap->radius()))};
+}
+
+void MarbleMapView::jumpTo(const Place& place) {
+    setMarbleZoom(place.marbleZoom);
+    const double y = std::clamp(place.mercatorY, -maxMercator, maxMercator);
+    marbleMap->centerOn(std::remainder(place.longitude / degree, 360.0),
+                        std::atan(std::sinh(y)) / degree);
+    update();
+}
+
+void MarbleMapView::flyTo(const Place& target) {
+    stopFlight();
+    if (!isVisible()) { // nobody would see the flight
+        jumpTo(target);
+        return;
+    }
+    flightFrom = currentPlace();
+    flightTo = target;
+    // The short way round: a flight from Japan to Alaska crosses the Pacific.
+    flightTo.longitude =
+        flightFrom.longitude + std::remainder(target.longitude - flightFrom.longitude, 2 * pi);
+    setViewMoving(true);
+    flight->start();
+}
+
+void MarbleMapView::stopFlight() {
+    if (flight->state() != QAbstractAnimation::Running)
+        return;
+    flight->stop();
+    setViewMoving(false);
+}
+
+void MarbleMapView::flightStep(double progress) {
+    const auto between = [progress](double from, double to) {
+        return from + (to - from) * progress;
+    };
+    jumpTo(Place{between(flightFrom.longitude, flightTo.longitude),
+                 between(flightFrom.mercatorY, flightTo.mercatorY),
+                 between(flightFrom.marbleZoom, flightTo.marbleZoom)});
+}
+
+void MarbleMapView::showAnnotations(const std::vector<MapPinRef>& shown, bool animated) {
     std::vector<double> longitudes;
     longitudes.reserve(shown.size());
     double south = 90, north = -90;
@@ -264,13 +327,14 @@ void MarbleMapView::showAnnotations(const std::vector<MapPinRef>& shown, bool) {
         perRadian = std::min(perRadian, usableHeight / (highY - lowY));
     // One place alone (or several at one place): close in, as far as the look allows.
     const double radius = std::isfinite(perRadian) ? perRadian * pi / 2.0 : 64.0 * std::exp2(14);
-    setMarbleZoom(200.0 * std::log(std::max(radius, 1.0)));
-    const double pixelsPerRadian = 2.0 * marbleMap->radius() / pi;
-    const double centreY =
-        std::clamp((lowY + highY) / 2 + heads / 2 / pixelsPerRadian, -maxMercator, maxMercator);
-    marbleMap->centerOn(std::remainder(west + span / degree / 2, 360.0),
-                        std::atan(std::sinh(centreY)) / degree);
-    update();
+    const double zoom = clampedMarbleZoom(200.0 * std::log(std::max(radius, 1.0)));
+    const double pixelsPerRadian = 2.0 * std::lround(std::exp(zoom / 200.0)) / pi;
+    const Place target{west * degree + span / 2, (lowY + highY) / 2 + heads / 2 / pixelsPerRadian,
+                       zoom};
+    if (animated)
+        flyTo(target);
+    else
+        jumpTo(target);
 }
 
 // --- Looks and float items -------------------------------------------------------------------
@@ -321,7 +385,9 @@ void MarbleMapView::applyViewChoices() {
     if (Marble::AbstractFloatItem* scale = m.floatItem(QStringLiteral("scalebar"))) {
         scale->setEnabled(true);
         scale->setVisible(showsScale);
-        scale->setPosition(QPointF(10.5, 10.5)); // top left: the map-type buttons sit below
+        // Top left, under the band of the pointer's read-out (which grows to the left as far
+        // as its text needs); the map-type buttons sit at the bottom.
+        scale->setPosition(QPointF(10.5, 28.5));
     }
     if (Marble::AbstractFloatItem* compass = m.floatItem(QStringLiteral("compass"))) {
         compass->setEnabled(true);
@@ -439,6 +505,7 @@ void MarbleMapView::applyCursor() {
 }
 
 void MarbleMapView::mousePressEvent(QMouseEvent* event) {
+    stopFlight(); // the user takes the map over
     const QPoint at = event->pos();
     if (event->button() == Qt::RightButton) {
         if (events.mouseDown)
@@ -509,6 +576,7 @@ void MarbleMapView::wheelEvent(QWheelEvent* event) {
     // Half a level a notch, about the point under the pointer.
     const QPointF at = event->position();
     const auto under = convertPointToCoordinate(at.x(), at.y());
+    stopFlight();
     setViewMoving(true);
     zoomBy(notches * 0.5);
     if (under)
@@ -590,4 +658,8 @@ void MarbleMapView::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     marbleMap->setSize(size());
     placeOverlays();
+}
+
+bool MarbleMapView::isFlying() const {
+    return flight->state() == QAbstractAnimation::Running;
 }

@@ -30,6 +30,7 @@ class MarbleModel;
 class AddressSearch;
 class QLabel;
 class QTimer;
+class QVariantAnimation;
 class QToolButton;
 class ResourcePictures;
 class UserPosition;
@@ -103,6 +104,9 @@ public:
     QToolButton* zoomOutButton() const { return zoomOut; }
     // Zooms by web-map levels (negative: out), keeping the point at the map's centre.
     void zoomBy(double levels);
+    // How long an animated move takes.
+    static constexpr int flightMilliseconds = 600;
+    bool isFlying() const;
 
 signals:
     // The first frame of the map has been painted.
@@ -119,6 +123,18 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
+    // Where the map looks: the centre's longitude (radians) and Mercator ordinate, and
+    // Marble's zoom (200 ln radius).
+    struct Place {
+        double longitude, mercatorY, marbleZoom;
+    };
+    Place currentPlace() const;
+    void jumpTo(const Place& place);
+    // An animated move; any other move, press or wheel turn stops it where it is.
+    void flyTo(const Place& target);
+    void stopFlight();
+    void flightStep(double progress);
+    double clampedMarbleZoom(double marbleZoom) const;
     void applyTheme();
     void applyViewChoices();
     void setMarbleZoom(double marbleZoom);
@@ -156,6 +172,8 @@ private:
     bool regionReportQueued = false;
     bool firstFramePainted = false;
     QTimer* wheelSettle = nullptr;
+    QVariantAnimation* flight = nullptr;
+    Place flightFrom{}, flightTo{};
 
     QToolButton* zoomIn = nullptr;
     QToolButton* zoomOut = nullptr;

@@ -103,7 +103,6 @@ private:
     QPointer<QTimer> timer;
 };
 
-// A plain panel painted in one colour.
 // A widget's left edge, width and visibility in its parent's coordinates.
 template <class View> class PlacedWidget : public View {
 public:
@@ -128,23 +127,11 @@ protected:
     QPointer<QWidget> widget;
 };
 
+// A plain panel painted in one colour.
 class ColourPanelView : public PlacedWidget<RectangleView> {
 public:
     explicit ColourPanelView(QWidget* panel) : PlacedWidget(panel) {}
     void setFillColor(std::uint32_t colourWord) override;
-};
-
-class QtLabelView : public PlacedWidget<LabelView> {
-public:
-    explicit QtLabelView(QLabel* label) : PlacedWidget(label), label(label) {}
-    QString text() const override { return label ? label->text() : QString(); }
-    void setText(const QString& text) override {
-        if (label)
-            label->setText(text);
-    }
-
-private:
-    QPointer<QLabel> label;
 };
 
 class QtWindowFrame : public WindowFrameView {

@@ -15,7 +15,9 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyle>
 #include <QTabWidget>
+#include <QToolButton>
 #include <QtTest>
 
 class MainWindowTest : public QObject {
@@ -54,6 +56,25 @@ private slots:
         QVERIFY(!scope.isNull());
         QCOMPARE(window->controller().curs.hotSpotX, scope.width() / 2);
         QCOMPARE(window->controller().curs.hotSpotY, scope.height() / 2);
+    }
+
+    void noCaptionOnTheFirstPageIsCut() {
+        QWidget* page = window->tabPanel()->widget(0);
+        const auto buttons = page->findChildren<QAbstractButton*>();
+        QVERIFY(buttons.size() >= 7); // three format buttons, the order buttons, the map types
+        for (QAbstractButton* button : buttons) {
+            if (button->text().isEmpty() || !button->isVisible())
+                continue;
+            int room = button->width();
+            if (qobject_cast<QToolButton*>(button) && static_cast<QToolButton*>(button)->menu())
+                room -= button->style()->pixelMetric(QStyle::PM_MenuButtonIndicator);
+            QVERIFY2(button->fontMetrics().horizontalAdvance(button->text()) < room,
+                     qPrintable(button->objectName() + ": " + button->text()));
+        }
+        const auto labels = page->findChildren<QLabel*>();
+        for (QLabel* label : labels)
+            QVERIFY2(label->fontMetrics().horizontalAdvance(label->text()) <= label->width(),
+                     qPrintable(label->objectName() + ": " + label->text()));
     }
 
     void returnInEachFieldShowsAllThreeNotations_data() {

@@ -170,6 +170,7 @@ private:
         QCOMPARE(controller().locations.size(), std::size_t(3));
         QCOMPARE(controller().Pins.size(), std::size_t(3));
         chooseMenuItem("MapShowAllLocations");
+        QTRY_VERIFY(!map->isFlying());
     }
     // The map's rectangle in the window's design coordinates.
     QRect inWindow(QWidget* w) const {
@@ -418,6 +419,13 @@ private slots:
         const int mapRight = map->left() + map->width();
         QCOMPARE(window->labelLatLon()->x() + window->labelLatLon()->width(), mapRight);
         QCOMPARE(window->rectangle1()->x() + window->rectangle1()->width(), mapRight);
+        // Every digit shows: the read-out grows to the left of its 200 pixels where it must,
+        // and the panel behind it grows with it.
+        const QLabel* label = window->labelLatLon();
+        QVERIFY(label->width() >= 200);
+        QVERIFY2(label->fontMetrics().horizontalAdvance(label->text()) <= label->width(),
+                 qPrintable(label->text()));
+        QCOMPARE(window->rectangle1()->geometry(), label->geometry());
         QDir().mkpath(GEOQUILL_SCREENSHOT_DIR);
         QVERIFY(window->grab().save(GEOQUILL_SCREENSHOT_DIR "/map-readout.png"));
         QEvent leave(QEvent::Leave);
@@ -478,6 +486,51 @@ private slots:
         QVERIFY(qAbs(map->zoomLevel() - (zoom + 1.0)) < 0.01);
         const auto stillUnder = map->pointForCoordinate(*underWheel);
         QVERIFY(stillUnder && (*stillUnder - QPointF(wheelAt)).manhattanLength() <= 1.5);
+    }
+
+    void showAllFliesToThePinsAndReportsOnceThere() {
+        recordThreePlaces();
+        const std::vector<MapPinRef> pins = controller().Pins;
+        // Where a jump would end.
+        map->showAnnotations(pins, false);
+        const MapCoordinate end = map->centerCoordinate();
+        const double endZoom = map->zoomLevel();
+
+        int reports = 0;
+        MarbleMapView::Events events;
+        events.regionChanged = [&reports] { ++reports; };
+        map->setEvents(events);
+        map->setCenterCoordinate(MapCoordinate{-33.9, 151.2});
+        map->setZoomLevel(3);
+        QTRY_COMPARE(reports, 1);
+
+        map->showAnnotations(pins, true);
+        QVERIFY(map->isFlying());
+        QTest::qWait(MarbleMapView::flightMilliseconds / 2);
+        // On the way, with nothing reported yet.
+        QVERIFY(map->isFlying());
+        QVERIFY(std::abs(map->centerCoordinate().longitude - end.longitude) > 1.0);
+        QVERIFY(std::abs(map->centerCoordinate().longitude - 151.2) > 1.0);
+        QCOMPARE(reports, 1);
+        QTRY_VERIFY(!map->isFlying());
+        QTRY_COMPARE(reports, 2);
+        QVERIFY(std::abs(map->centerCoordinate().latitude - end.latitude) < 1e-6);
+        QVERIFY(std::abs(map->centerCoordinate().longitude - end.longitude) < 1e-6);
+        QCOMPARE(map->zoomLevel(), endZoom);
+
+        // A press on the way stops the map where it is.
+        map->setCenterCoordinate(MapCoordinate{-33.9, 151.2});
+        QTRY_COMPARE(reports, 3);
+        map->showAnnotations(pins, true);
+        QTest::qWait(MarbleMapView::flightMilliseconds / 3);
+        press(map, QPoint(100, 100));
+        QVERIFY(!map->isFlying());
+        const MapCoordinate stopped = map->centerCoordinate();
+        QTest::qWait(MarbleMapView::flightMilliseconds);
+        QCOMPARE(map->centerCoordinate().longitude, stopped.longitude);
+        QVERIFY(std::abs(stopped.longitude - end.longitude) > 1.0);
+        release(map, QPoint(100, 100));
+        QTRY_COMPARE(reports, 4);
     }
 
     void eachRegionChangeIsReportedOnce() {
