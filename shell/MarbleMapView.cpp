@@ -18,8 +18,8 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QTimer>
-#include <QVariantAnimation>
 #include <QToolButton>
+#include <QVariantAnimation>
 #include <QWheelEvent>
 
 #include <algorithm>

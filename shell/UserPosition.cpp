@@ -6,12 +6,9 @@
 #include <marble/PositionProviderPlugin.h>
 #include <marble/PositionTracking.h>
 
-namespace {
-
-// The system's providers in the order they are tried, by Marble's names for them.
-const char* const systemProviders[] = {"QtPositioning", "Gpsd"};
-
-} // namespace
+QStringList UserPosition::systemProviderNames() {
+    return {QStringLiteral("QtPositioning"), QStringLiteral("Gpsd")};
+}
 
 UserPosition::UserPosition(Marble::MarbleModel* model, QObject* parent)
     : QObject(parent), model(model) {
@@ -33,7 +30,14 @@ UserPosition::~UserPosition() {
 }
 
 void UserPosition::useProvider(Marble::PositionProviderPlugin* provider) {
-    replacement = provider;
+    useProviders(provider ? QList<Marble::PositionProviderPlugin*>{provider}
+                          : QList<Marble::PositionProviderPlugin*>{});
+}
+
+void UserPosition::useProviders(const QList<Marble::PositionProviderPlugin*>& providers) {
+    replacements.clear();
+    for (Marble::PositionProviderPlugin* provider : providers)
+        replacements.append(provider);
 }
 
 std::optional<MapCoordinate> UserPosition::position() const {
@@ -49,13 +53,14 @@ void UserPosition::setTracking(bool on) {
     untried.clear();
     hadFix = false;
     if (on) {
-        if (replacement) {
-            untried.append(replacement.data());
-        } else {
+        for (const auto& provider : replacements) {
+            untried.append(provider.data());
+        }
+        if (replacements.isEmpty()) {
             const auto plugins = model->pluginManager()->positionProviderPlugins();
-            for (const char* const nameId : systemProviders) {
+            for (const QString& nameId : systemProviderNames()) {
                 for (const Marble::PositionProviderPlugin* plugin : plugins) {
-                    if (plugin->nameId() == QLatin1String(nameId)) {
+                    if (plugin->nameId() == nameId) {
                         untried.append(plugin);
                     }
                 }

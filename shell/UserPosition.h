@@ -9,6 +9,7 @@
 #include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QStringList>
 
 #include <optional>
 
@@ -39,6 +40,13 @@ public:
     // each start hands the tracking a new instance of it (provider->newInstance()), which the
     // tracking owns; the one given stays the caller's. Null goes back to the system's.
     void useProvider(Marble::PositionProviderPlugin* provider);
+    // As useProvider, with providers tried in this order as the system's are: the next one when
+    // a provider has no source or gives up before its first fix. Empty goes back to the
+    // system's.
+    void useProviders(const QList<Marble::PositionProviderPlugin*>& providers);
+
+    // The system's providers in the order they are tried, by Marble's names for them.
+    static QStringList systemProviderNames();
 
 signals:
     // The position came, moved or went.
@@ -53,7 +61,7 @@ private:
     bool runningIsOurs() const;
 
     QPointer<Marble::MarbleModel> model;
-    QPointer<Marble::PositionProviderPlugin> replacement;
+    QList<QPointer<Marble::PositionProviderPlugin>> replacements;
     QList<QPointer<const Marble::PositionProviderPlugin>> untried;
     QPointer<Marble::PositionProviderPlugin> running;
     quint64 attempt = 0;

@@ -9,6 +9,7 @@
 #include <marble/GeoDataAccuracy.h>
 #include <marble/GeoDataCoordinates.h>
 #include <marble/MarbleModel.h>
+#include <marble/PluginManager.h>
 #include <marble/PositionProviderPlugin.h>
 #include <marble/PositionTracking.h>
 
@@ -166,8 +167,19 @@ public:
         emit statusChanged(state);
     }
 
-private:
+protected:
     Marble::PositionProviderStatus state = Marble::PositionProviderStatusUnavailable;
+};
+
+// A source that searches for a fix and gives up without one, as the system's location service
+// does after a few seconds with no receiver (here after a tenth of a second).
+class GivingUpProvider : public FailingProvider {
+public:
+    Marble::PositionProviderPlugin* newInstance() const override { return new GivingUpProvider; }
+    void initialize() override {
+        state = Marble::PositionProviderStatusAcquiring;
+        QTimer::singleShot(100, this, [this] { fail(); });
+    }
 };
 
 } // namespace
@@ -410,6 +422,61 @@ private slots:
         QVERIFY(!model->positionTracking()->error().isEmpty());
         QVERIFY(!user.position());
         QCOMPARE(changes.count(), 0);
+        user.setTracking(false);
+        QTRY_VERIFY_WITH_TIMEOUT(!model->positionTracking()->positionProviderPlugin(),
+                                 answerPatience);
+    }
+
+    void providersAreTriedInTurnUntilOneGivesAFix() {
+        // The first gives up searching, the second has no source at all, the third replays.
+        GivingUpProvider givingUp;
+        NmeaPositionProvider missing(QStringLiteral(GEOQUILL_TEST_DATA_DIR "/no-such-log.nmea"));
+        NmeaPositionProvider log(obeliscoLog);
+        UserPosition user(model.get());
+        user.useProviders({&givingUp, &missing, &log});
+        QList<std::optional<MapCoordinate>> seen;
+        connect(&user, &UserPosition::positionChanged, this, [&] { seen.append(user.position()); });
+
+        user.setTracking(true);
+        QVERIFY(
+            dynamic_cast<GivingUpProvider*>(model->positionTracking()->positionProviderPlugin()));
+        QTRY_VERIFY_WITH_TIMEOUT(!seen.isEmpty(), answerPatience);
+        QVERIFY(same(seen[0], obeliscoFirst));
+        QVERIFY(dynamic_cast<NmeaPositionProvider*>(
+            model->positionTracking()->positionProviderPlugin()));
+        user.setTracking(false);
+        QTRY_VERIFY_WITH_TIMEOUT(!model->positionTracking()->positionProviderPlugin(),
+                                 answerPatience);
+    }
+
+    void systemProvidersAreInstalledUnderTheirNames() {
+        // The system's providers are found by Marble's names for them; a renamed plugin would
+        // leave the user with no position and no word why.
+        QStringList names;
+        for (const Marble::PositionProviderPlugin* plugin :
+             model->pluginManager()->positionProviderPlugins())
+            names << plugin->nameId();
+        for (const QString& name : UserPosition::systemProviderNames())
+            QVERIFY2(names.contains(name), qPrintable(name + " among " + names.join(", ")));
+        QCOMPARE(UserPosition::systemProviderNames().size(), 2);
+    }
+
+    void aProviderThatGaveAFixIsKeptWhenItFails() {
+        // Once a fix has come, a failure is the user's receiver going quiet, not a missing
+        // source: the next provider is not tried, and the position is dropped.
+        FailingProvider failing;
+        NmeaPositionProvider log(obeliscoLog);
+        UserPosition user(model.get());
+        user.useProviders({&failing, &log});
+        user.setTracking(true);
+        QVERIFY(same(user.position(), MapCoordinate{51.4778, -0.0015}));
+        auto* running =
+            dynamic_cast<FailingProvider*>(model->positionTracking()->positionProviderPlugin());
+        QVERIFY(running);
+        running->fail();
+        QTest::qWait(300);
+        QCOMPARE(model->positionTracking()->positionProviderPlugin(), running);
+        QVERIFY(!user.position());
         user.setTracking(false);
         QTRY_VERIFY_WITH_TIMEOUT(!model->positionTracking()->positionProviderPlugin(),
                                  answerPatience);
