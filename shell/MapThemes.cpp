@@ -1,6 +1,7 @@
 #include "MapThemes.h"
 
 #include <marble/MarbleDirs.h>
+#include <marble/TileCreator.h>
 
 #include <QDir>
 #include <QFile>
@@ -10,6 +11,7 @@
 #include <QNetworkRequest>
 #include <QSaveFile>
 #include <QStandardPaths>
+#include <QTimer>
 
 // The looks live in a static library, whose resource registration the linker would drop unless
 // something refers to it; the macro must stand outside any namespace.
@@ -89,6 +91,13 @@ void linkTileFolders() {
     }
 }
 
+// Written once every Blue Marble tile has been made: a run stopped half way (the program
+// closed) leaves no mark, and the tiles are made again from the start next time.
+QString imageryMark() {
+    return Marble::MarbleDirs::localPath() +
+           QStringLiteral("/maps/earth/bluemarble/.geoquill-tiles-complete");
+}
+
 void installOwnThemes() {
     registerThemes();
     for (const char* name : ownThemes) {
@@ -115,9 +124,38 @@ void installOwnThemes() {
 } // namespace
 
 MapThemes::MapThemes(QObject* parent)
-    : QObject(parent), probing(!qEnvironmentVariableIsSet("GEOQUILL_MAP_OFFLINE")) {
+    : QObject(parent), probing(!qEnvironmentVariableIsSet("GEOQUILL_MAP_OFFLINE")),
+      imageryReady(QFile::exists(imageryMark())) {
     setProbeAddresses(QUrl(QString::fromLatin1(defaultProbeAddress[0])),
                       QUrl(QString::fromLatin1(defaultProbeAddress[1])));
+}
+
+MapThemes::~MapThemes() {
+    if (tiling) {
+        tiling->cancelTileCreation();
+        tiling->wait();
+    }
+}
+
+void MapThemes::prepareImagery() {
+    if (imageryReady || tiling)
+        return;
+    // The same source Marble's own Blue Marble look names; the tiles go to Marble's local maps
+    // folder, which leads to our cache folder.
+    tiling = new Marble::TileCreator(QStringLiteral("earth/bluemarble"),
+                                     QStringLiteral("bluemarble.jpg"), QStringLiteral("false"));
+    tiling->setParent(this);
+    connect(tiling, &QThread::finished, this, [this] {
+        const QString level0 = Marble::MarbleDirs::localPath() +
+                               QStringLiteral("/maps/earth/bluemarble/0/000000/000000_000000.jpg");
+        if (!QFile::exists(level0))
+            return; // no picture to tile (marble-data missing): the plain map stands in
+        QFile mark(imageryMark());
+        mark.open(QIODevice::WriteOnly);
+        imageryReady = true;
+        emit imageryChanged();
+    });
+    tiling->start(QThread::LowPriority);
 }
 
 void MapThemes::setProbeAddresses(const QUrl& openStreetMap, const QUrl& sentinel2) {
@@ -160,8 +198,12 @@ QString MapThemes::themeFor(int mapType) const {
     const bool satelliteOnline = reachable[int(Source::Sentinel2)];
     switch (mapType) {
     case 1:
+        if (!satelliteOnline && !imageryReady)
+            return QLatin1String(plainTheme);
         return ownThemeId(satelliteOnline ? ownThemes[1] : ownThemes[0]);
     case 2:
+        if (!satelliteOnline && !imageryReady)
+            return QLatin1String(plainTheme);
         return ownThemeId(satelliteOnline ? ownThemes[3] : ownThemes[2]);
     default:
         return QLatin1String(reachable[int(Source::OpenStreetMap)] ? openStreetMapTheme
@@ -176,8 +218,14 @@ void MapThemes::probe(bool now) {
     if (!now && lastProbe.isValid() && lastProbe.secsTo(time) < 60)
         return;
     lastProbe = time;
-    if (!network)
+    ++probeRound;
+    if (!network) {
         network = new QNetworkAccessManager(this);
+        reprobe = new QTimer(this);
+        reprobe->setInterval(3 * 60 * 1000);
+        connect(reprobe, &QTimer::timeout, this, [this] { probe(true); });
+        reprobe->start();
+    }
     probeSource(Source::OpenStreetMap);
     probeSource(Source::Sentinel2);
 }
@@ -185,14 +233,22 @@ void MapThemes::probe(bool now) {
 void MapThemes::probeSource(Source source) {
     QNetworkRequest request(probeAddress[int(source)]);
     request.setTransferTimeout(5000);
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                         QNetworkRequest::ManualRedirectPolicy);
     request.setHeader(QNetworkRequest::UserAgentHeader,
                       QStringLiteral("Geoquill/1.0.1 (map tile check)"));
     QNetworkReply* reply = network->head(request);
-    connect(reply, &QNetworkReply::finished, this, [this, reply, source] {
+    const quint64 round = probeRound;
+    connect(reply, &QNetworkReply::finished, this, [this, reply, source, round] {
         reply->deleteLater();
+        if (round != probeRound)
+            return; // a newer probe has been asked since: its answer counts
+        // A tile, not a captive portal's redirect or page: the request follows no redirects,
+        // so only the server's own image counts.
         const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-        const bool answered =
-            reply->error() == QNetworkReply::NoError && status >= 200 && status < 400;
+        const QString type = reply->header(QNetworkRequest::ContentTypeHeader).toString();
+        const bool answered = reply->error() == QNetworkReply::NoError && status == 200 &&
+                              type.startsWith(QLatin1String("image/"));
         if (answered == reachable[int(source)])
             return;
         reachable[int(source)] = answered;

@@ -21,6 +21,10 @@
 #include <QUrl>
 
 class QNetworkAccessManager;
+class QTimer;
+namespace Marble {
+class TileCreator;
+}
 
 class MapThemes : public QObject {
     Q_OBJECT
@@ -28,6 +32,7 @@ public:
     enum class Source { OpenStreetMap = 0, Sentinel2 = 1 };
 
     explicit MapThemes(QObject* parent = nullptr);
+    ~MapThemes() override;
 
     // Once per process, before the first Marble model is made: a plugin folder holding only the
     // plugins the map uses (nothing that would reach the network by itself, and a faster
@@ -38,14 +43,23 @@ public:
     static const QStringList& pluginNames();
 
     // The theme for a map type (0 Standard, 1 Satellite, 2 Hybrid; others read as Standard),
-    // online when its tile server answered.
+    // online when its tile server answered. The offline imagery looks need the Blue Marble
+    // tiles: until they are made, those types show the plain map.
     QString themeFor(int mapType) const;
+
+    // The offline imagery is tiled from Marble's one Blue Marble picture the first time the
+    // program runs. Marble would do that itself behind a modal progress dialog when the look is
+    // first chosen; this does it in the background, once, and says when it is done.
+    void prepareImagery();
+    bool isImageryReady() const { return imageryReady; }
     // Whether any tile server answered: downloads (and online address look-ups) may happen.
     bool online() const { return reachable[0] || reachable[1]; }
     bool reachableSource(Source source) const { return reachable[int(source)]; }
 
     // Asks the tile servers, unless probing is off or (unless now) they were asked less than
-    // a minute ago. The answer comes later by onlineChanged, and only when it changes.
+    // a minute ago. The answer comes later by onlineChanged, and only when it changes. From
+    // the first probe on they are asked again every few minutes, so a network that comes or
+    // goes meanwhile is noticed.
     void probe(bool now = false);
     // Probing starts off when the environment says to stay offline (GEOQUILL_MAP_OFFLINE set).
     void setProbing(bool on) { probing = on; }
@@ -54,6 +68,8 @@ public:
 
 signals:
     void onlineChanged();
+    // The offline imagery tiles are there: the imagery looks can be shown.
+    void imageryChanged();
 
 private:
     void probeSource(Source source);
@@ -63,4 +79,9 @@ private:
     QUrl probeAddress[2];
     QNetworkAccessManager* network = nullptr;
     QDateTime lastProbe;
+    QTimer* reprobe = nullptr;
+    // Probes of one round count; answers of an older round are stale.
+    quint64 probeRound = 0;
+    bool imageryReady;
+    Marble::TileCreator* tiling = nullptr;
 };

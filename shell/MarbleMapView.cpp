@@ -17,6 +17,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPaintEvent>
+#include <QPainter>
 #include <QTimer>
 #include <QToolButton>
 #include <QVariantAnimation>
@@ -99,6 +100,7 @@ MarbleMapView::MarbleMapView(ResourcePictures* pictures, QWidget* parent)
                 if (context == Marble::Still)
                     reportRegionWhenStill();
             });
+    connect(&mapThemes, &MapThemes::imageryChanged, this, [this] { applyTheme(); });
     connect(&mapThemes, &MapThemes::onlineChanged, this, [this] {
         marbleModel->setWorkOffline(!mapThemes.online());
         applyTheme();
@@ -121,7 +123,10 @@ MarbleMapView::MarbleMapView(ResourcePictures* pictures, QWidget* parent)
     wheelSettle = new QTimer(this);
     wheelSettle->setSingleShot(true);
     wheelSettle->setInterval(250);
-    connect(wheelSettle, &QTimer::timeout, this, [this] { setViewMoving(false); });
+    connect(wheelSettle, &QTimer::timeout, this, [this] {
+        if (!(dragging && scrollEnabled)) // a drag still going on ends the move itself
+            setViewMoving(false);
+    });
 
     const auto makeZoomButton = [this](const QString& caption, const QString& tip, double by) {
         auto* button = new QToolButton(this);
@@ -316,10 +321,11 @@ void MarbleMapView::showAnnotations(const std::vector<MapPinRef>& shown, bool an
     }
     const double span = (360.0 - widestGap) * degree; // radians
     const double lowY = mercator(south * degree), highY = mercator(north * degree);
-    // Room around the pins, and above them for their heads.
-    const double margin = 40, heads = 30;
+    // Room around the pins, above them for their heads, and for the band of the read-out and
+    // the scale bar at the top.
+    const double margin = 40, heads = 30, topBand = 30;
     const double usableWidth = std::max(1.0, QWidget::width() - 2 * margin);
-    const double usableHeight = std::max(1.0, height() - 2 * margin - heads);
+    const double usableHeight = std::max(1.0, height() - 2 * margin - heads - topBand);
     double perRadian = std::numeric_limits<double>::infinity(); // pixels per projected radian
     if (span > 0)
         perRadian = usableWidth / span;
@@ -329,8 +335,8 @@ void MarbleMapView::showAnnotations(const std::vector<MapPinRef>& shown, bool an
     const double radius = std::isfinite(perRadian) ? perRadian * pi / 2.0 : 64.0 * std::exp2(14);
     const double zoom = clampedMarbleZoom(200.0 * std::log(std::max(radius, 1.0)));
     const double pixelsPerRadian = 2.0 * std::lround(std::exp(zoom / 200.0)) / pi;
-    const Place target{west * degree + span / 2, (lowY + highY) / 2 + heads / 2 / pixelsPerRadian,
-                       zoom};
+    const Place target{west * degree + span / 2,
+                       (lowY + highY) / 2 + (heads + topBand) / 2 / pixelsPerRadian, zoom};
     if (animated)
         flyTo(target);
     else
@@ -507,6 +513,7 @@ void MarbleMapView::applyCursor() {
 void MarbleMapView::mousePressEvent(QMouseEvent* event) {
     stopFlight(); // the user takes the map over
     const QPoint at = event->pos();
+    endDrag(); // another press: the left release of a drag in progress will never come
     if (event->button() == Qt::RightButton) {
         if (events.mouseDown)
             events.mouseDown(at.x(), at.y(), true);
@@ -525,8 +532,18 @@ void MarbleMapView::mousePressEvent(QMouseEvent* event) {
     applyCursor();
 }
 
+void MarbleMapView::endDrag() {
+    const bool wasMoving = dragging && scrollEnabled;
+    leftDown = false;
+    dragging = false;
+    if (wasMoving)
+        setViewMoving(false);
+}
+
 void MarbleMapView::mouseMoveEvent(QMouseEvent* event) {
     const QPoint at = event->pos();
+    if (leftDown && !(event->buttons() & Qt::LeftButton))
+        endDrag(); // the release went elsewhere (a menu, another window)
     if (leftDown && (event->buttons() & Qt::LeftButton)) {
         if (!dragging && (at - pressAt).manhattanLength() >= QApplication::startDragDistance()) {
             dragging = true;
@@ -546,10 +563,7 @@ void MarbleMapView::mouseReleaseEvent(QMouseEvent* event) {
         return;
     const QPoint at = event->pos();
     const bool wasDown = leftDown, wasDrag = dragging;
-    leftDown = false;
-    dragging = false;
-    if (wasDrag && scrollEnabled)
-        setViewMoving(false);
+    endDrag();
     if (!wasDown)
         return;
     // The pin under a click is the one there before the controller hears of the release.
@@ -643,14 +657,24 @@ void MarbleMapView::reportRegionWhenStill() {
 
 void MarbleMapView::paintEvent(QPaintEvent* event) {
     {
+        // Beyond the Mercator map's poles Marble paints nothing, and the widget is opaque:
+        // a zoomed-out map taller than the world would keep old pixels there.
+        QPainter background(this);
+        background.fillRect(event->rect(), QColor(0xd9, 0xdd, 0xe2));
+    }
+    {
         Marble::GeoPainter painter(this, marbleMap->viewport(), marbleMap->mapQuality());
         marbleMap->paint(painter, event->rect());
     }
     if (!firstFramePainted) {
         firstFramePainted = true;
         emit firstFrame();
-        // Only now ask whether tiles can be had: nothing delays the first frame.
-        QTimer::singleShot(0, this, [this] { mapThemes.probe(); });
+        // Only now ask whether tiles can be had, and make the offline imagery: nothing delays
+        // the first frame.
+        QTimer::singleShot(0, this, [this] {
+            mapThemes.probe();
+            mapThemes.prepareImagery();
+        });
     }
 }
 

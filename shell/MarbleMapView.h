@@ -141,6 +141,8 @@ private:
     // Moves the map so that the coordinate under the pixel `from` comes under `to`.
     void keepPointUnder(MapCoordinate where, QPointF to);
     void panBy(QPointF fromCentre, double dx, double dy);
+    // Ends a left-button drag: the map comes to rest and its region is reported.
+    void endDrag();
     void regionMayHaveChanged();
     void reportRegionWhenStill();
     void setViewMoving(bool moving);

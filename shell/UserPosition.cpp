@@ -16,6 +16,10 @@ UserPosition::UserPosition(Marble::MarbleModel* model, QObject* parent)
         return;
     }
     Marble::PositionTracking* tracking = model->positionTracking();
+    // Marble keeps every fix as a track to draw; only the latest is wanted here, and a track
+    // kept all day would only grow.
+    tracking->setTrackVisible(false);
+    tracking->clearTrack();
     connect(tracking, &Marble::PositionTracking::statusChanged, this, &UserPosition::takeStatus);
     connect(tracking, &Marble::PositionTracking::gpsLocation, this,
             [this](const Marble::GeoDataCoordinates& where, qreal) { takeLocation(where); });
@@ -50,6 +54,7 @@ void UserPosition::setTracking(bool on) {
     }
     tracking = on;
     ++attempt;
+    model->positionTracking()->clearTrack();
     untried.clear();
     hadFix = false;
     if (on) {
@@ -133,6 +138,7 @@ void UserPosition::takeLocation(const Marble::GeoDataCoordinates& where) {
     if (!runningIsOurs() || !where.isValid()) {
         return;
     }
+    model->positionTracking()->clearTrack(); // the fix is kept here; Marble's copy goes
     const MapCoordinate now{where.latitude(Marble::GeoDataCoordinates::Degree),
                             where.longitude(Marble::GeoDataCoordinates::Degree)};
     hadFix = true;

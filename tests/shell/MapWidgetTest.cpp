@@ -15,6 +15,7 @@
 
 #include <marble/MarbleMap.h>
 #include <marble/MarbleModel.h>
+#include <marble/PositionTracking.h>
 #include <marble/ViewportParams.h>
 
 #include <GeographicLib/Geodesic.hpp>
@@ -109,16 +110,17 @@ bool near(const std::optional<MapCoordinate>& got, double latitude, double longi
 class StandInTileServer : public QTcpServer {
 public:
     int status = 200;
+    QByteArray contentType = "image/png";
     StandInTileServer() {
         connect(this, &QTcpServer::newConnection, this, [this] {
             while (QTcpSocket* socket = nextPendingConnection()) {
                 connect(socket, &QTcpSocket::readyRead, socket, [this, socket] {
                     if (!socket->readAll().contains("\r\n\r\n"))
                         return;
-                    socket->write(QStringLiteral("HTTP/1.1 %1 X\r\nContent-Length: 0\r\n"
-                                                 "Connection: close\r\n\r\n")
-                                      .arg(status)
-                                      .toLatin1());
+                    socket->write("HTTP/1.1 " + QByteArray::number(status) +
+                                  " X\r\nContent-Type: " + contentType +
+                                  "\r\nLocation: http://portal.invalid/login"
+                                  "\r\nContent-Length: 0\r\nConnection: close\r\n\r\n");
                     socket->disconnectFromHost();
                 });
                 connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
@@ -171,6 +173,11 @@ private:
         QCOMPARE(controller().Pins.size(), std::size_t(3));
         chooseMenuItem("MapShowAllLocations");
         QTRY_VERIFY(!map->isFlying());
+    }
+    // A picture of the widget with one pixel per logical pixel, whatever the screen's scale,
+    // so that points in widget coordinates can be looked up in it.
+    static QImage logicalShot(QWidget* w) {
+        return w->grab().toImage().scaled(w->size(), Qt::IgnoreAspectRatio, Qt::FastTransformation);
     }
     // The map's rectangle in the window's design coordinates.
     QRect inWindow(QWidget* w) const {
@@ -352,7 +359,7 @@ private slots:
         recordThreePlaces();
         QTRY_COMPARE_WITH_TIMEOUT(map->pendingMapFiles(), 0, 10000);
         QApplication::processEvents();
-        const QImage shot = map->grab().toImage();
+        const QImage shot = logicalShot(map);
         // Offline the map is still a map: the middle of France is land, the Bay of Biscay sea.
         const QColor land = shot.pixelColor(map->pointForCoordinate({46.8, 2.4})->toPoint());
         const QColor sea = shot.pixelColor(map->pointForCoordinate({45.5, -4.5})->toPoint());
@@ -371,6 +378,8 @@ private slots:
     }
 
     void mapTypesChangeTheLookAndKeepThePlace() {
+        // The imagery is tiled in the background after the first frame, with no dialog.
+        QTRY_VERIFY_WITH_TIMEOUT(map->themes().isImageryReady(), 20000);
         controller().LoadMap(45.5, 9.25);
         QCOMPARE(map->zoomLevel(), 8.0);
         map->setZoomLevel(5); // wide enough to show coasts and borders
@@ -384,6 +393,7 @@ private slots:
             QCOMPARE(window->segmentedControl1()->checkedId(), type);
             QCOMPARE(map->mapType(), type);
             QCOMPARE(map->themeId(), QString::fromLatin1(looks[k]));
+            QVERIFY(!QApplication::activeModalWidget());
             QVERIFY(qAbs(map->centerCoordinate().latitude - 45.5) < 1e-6);
             QVERIFY(qAbs(map->centerCoordinate().longitude - 9.25) < 1e-6);
             QCOMPARE(map->zoomLevel(), 5.0);
@@ -392,7 +402,7 @@ private slots:
             QVERIFY(!map->map()->showOverviewMap());
             // Offline every look still shows a map, not a blank: many colours, kept to look at.
             QTRY_COMPARE_WITH_TIMEOUT(map->pendingMapFiles(), 0, 10000);
-            const QImage shot = map->grab().toImage();
+            const QImage shot = logicalShot(map);
             QSet<QRgb> colours;
             for (int y = 0; y < shot.height(); y += 7)
                 for (int x = 0; x < shot.width(); x += 7)
@@ -570,6 +580,18 @@ private slots:
         QTRY_COMPARE(reports, 3);
         QTest::qWait(300);
         QCOMPARE(reports, 3);
+
+        // A right press in the middle of a drag takes the left release away (to the menu):
+        // the drag ends there, the map comes to rest and its change is reported.
+        press(map, QPoint(200, 200));
+        for (int step = 1; step <= 3; ++step)
+            moveTo(map, QPoint(200 + 20 * step, 200), Qt::LeftButton);
+        QTest::mousePress(map, Qt::RightButton, Qt::NoModifier, QPoint(260, 200));
+        QTRY_COMPARE(reports, 4);
+        QCOMPARE(map->map()->viewContext(), Marble::Still);
+        moveTo(map, QPoint(100, 100)); // no button held: no more panning
+        map->setCenterCoordinate(MapCoordinate{10.0, 10.0});
+        QTRY_COMPARE(reports, 5);
     }
 
     void pinLayerProjectsAsMarbleDoes() {
@@ -639,6 +661,20 @@ private slots:
         themes.setProbing(true);
         QVERIFY(map->model()->workOffline());
 
+        QTRY_VERIFY_WITH_TIMEOUT(themes.isImageryReady(), 20000); // tiled after the first frame
+
+        // A captive portal answers every address with a redirect, or with its own page.
+        for (int portal : {302, 200}) {
+            openStreetMap.status = sentinel.status = portal;
+            openStreetMap.contentType = sentinel.contentType = "text/html";
+            themes.probe(true);
+            QTest::qWait(300);
+            QVERIFY(!themes.online());
+            QCOMPARE(map->themeId(), QStringLiteral("earth/plain/plain.dgml"));
+        }
+        openStreetMap.status = 200;
+        openStreetMap.contentType = sentinel.contentType = "image/png";
+
         sentinel.status = 404; // imagery not to be had, streets are
         QSignalSpy changed(&themes, &MapThemes::onlineChanged);
         themes.probe(true);
@@ -699,8 +735,10 @@ private slots:
         QVERIFY(map->pinLayer().userMarker());
         const QPointF at = *map->pointForCoordinate(*map->pinLayer().userMarker());
         QApplication::processEvents();
-        const QColor dot = map->grab().toImage().pixelColor(at.toPoint() + QPoint(3, 3));
+        const QColor dot = logicalShot(map).pixelColor(at.toPoint() + QPoint(3, 3));
         QVERIFY2(dot.blue() > 180 && dot.red() < 90, qPrintable(dot.name()));
+        // The position is a dot, not a trail: Marble's own track is not drawn.
+        QVERIFY(!map->model()->positionTracking()->trackVisible());
         chooseMenuItem("MapShowUserLocation"); // and off again
         QVERIFY(!map->userLocation());
     }
@@ -711,6 +749,11 @@ private slots:
         map->setCenterCoordinate(MapCoordinate{0, 0});
         QVERIFY(!map->convertPointToCoordinate(map->width() / 2, 0));
         QVERIFY(map->convertPointToCoordinate(map->width() / 2, map->height() / 2));
+        // ... and it is painted all the same, in one plain colour, not left with old pixels.
+        const QImage shot = logicalShot(map);
+        QCOMPARE(shot.pixelColor(1, 0), shot.pixelColor(map->width() / 2, 0));
+        QCOMPARE(shot.pixelColor(1, 0).alpha(), 255);
+        QVERIFY(shot.pixelColor(1, 0) != shot.pixelColor(map->width() / 2, map->height() / 2));
     }
 };
 
