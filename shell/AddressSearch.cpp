@@ -1,12 +1,11 @@
 #include "AddressSearch.h"
 
+#include <marble/GeoDataContainer.h>
 #include <marble/GeoDataCoordinates.h>
-#include <marble/GeoDataLatLonBox.h>
+#include <marble/GeoDataDocument.h>
 #include <marble/GeoDataPlacemark.h>
+#include <marble/GeoDataTreeModel.h>
 #include <marble/MarbleModel.h>
-#include <marble/PluginManager.h>
-#include <marble/SearchRunner.h>
-#include <marble/SearchRunnerPlugin.h>
 
 #include <QCoreApplication>
 #include <QJsonArray>
@@ -27,11 +26,9 @@ namespace {
 const QUrl nominatimSearch(QStringLiteral("https://nominatim.openstreetmap.org/search"));
 const int onlineSpacing = 1000;   // milliseconds between two requests
 const int onlinePatience = 15000; // milliseconds before a silent service counts as failed
-const QString placeDatabaseId = QStringLiteral("localdatabase");
 
-// The place database matches the start of names. A name counts as the text's place when the
-// text is all of it or ends where a word of it ends: "Kansas" is Kansas City, "Wien" is not
-// Wiener Neustadt.
+// A name counts as the text's place when the text, whatever its case, is all of it or its start
+// ending where a word of it ends: "Kansas" is Kansas City, "Wien" is not Wiener Neustadt.
 bool namesPlace(const QString& name, const QString& text) {
     if (text.isEmpty() || !name.startsWith(text, Qt::CaseInsensitive)) {
         return false;
@@ -57,33 +54,6 @@ std::optional<AddressSearch::Place> bestPlace(const QVector<AddressSearch::Place
 bool onEarth(double latitude, double longitude) {
     return std::isfinite(latitude) && std::isfinite(longitude) && std::abs(latitude) <= 90 &&
            std::abs(longitude) <= 180;
-}
-
-// Runs on the worker thread, as Marble's own search tasks run its runners: the runner reads the
-// places the model has loaded and hands over copies, which are ours to delete.
-QVector<AddressSearch::Place> placesNamed(const Marble::SearchRunnerPlugin* database,
-                                          const Marble::MarbleModel* model, const QString& text) {
-    QVector<AddressSearch::Place> places;
-    if (!database || text.isEmpty()) {
-        return places;
-    }
-    std::unique_ptr<Marble::SearchRunner> runner(database->newRunner());
-    runner->setModel(model);
-    QObject::connect(
-        runner.get(), &Marble::SearchRunner::searchFinished,
-        [&](const QVector<Marble::GeoDataPlacemark*>& result) {
-            for (const Marble::GeoDataPlacemark* placemark : result) {
-                const Marble::GeoDataCoordinates where = placemark->coordinate();
-                const double latitude = where.latitude(Marble::GeoDataCoordinates::Degree);
-                const double longitude = where.longitude(Marble::GeoDataCoordinates::Degree);
-                if (namesPlace(placemark->name(), text) && onEarth(latitude, longitude)) {
-                    places.append({latitude, longitude, placemark->population()});
-                }
-            }
-            qDeleteAll(result);
-        });
-    runner->search(text, Marble::GeoDataLatLonBox());
-    return places;
 }
 
 // OSM's population tag is a whole number, sometimes written with group separators or followed
@@ -148,10 +118,22 @@ AddressSearch::AddressSearch(Marble::MarbleModel* model, QObject* parent)
     : QObject(parent), model(model), onlineService(nominatimSearch) {
     // One look-up among the places at a time: a newer text waits for it and older ones drop.
     worker.setMaxThreadCount(1);
+    // Every place the map holds is in its tree, whose changes (files loaded or closed with a
+    // change of look, the user's track, documents of others) all pass through these signals.
+    if (model) {
+        const QAbstractItemModel* tree = model->treeModel();
+        const auto changed = [this] { placesCopy.reset(); };
+        connect(tree, &QAbstractItemModel::rowsInserted, this, changed);
+        connect(tree, &QAbstractItemModel::rowsRemoved, this, changed);
+        connect(tree, &QAbstractItemModel::rowsMoved, this, changed);
+        connect(tree, &QAbstractItemModel::dataChanged, this, changed);
+        connect(tree, &QAbstractItemModel::layoutChanged, this, changed);
+        connect(tree, &QAbstractItemModel::modelReset, this, changed);
+    }
 }
 
 AddressSearch::~AddressSearch() {
-    // The running look-up reads the model's places; let it end before the caller drops them.
+    // The running look-up answers to this object; let it end first.
     worker.waitForDone();
 }
 
@@ -166,26 +148,64 @@ void AddressSearch::find(const QString& text) {
     }
 }
 
-const Marble::SearchRunnerPlugin* AddressSearch::placeDatabase() {
-    if (!databaseLookedFor && model) {
-        databaseLookedFor = true;
-        const auto plugins = model->pluginManager()->searchRunnerPlugins();
-        const auto it =
-            std::find_if(plugins.begin(), plugins.end(), [](const Marble::SearchRunnerPlugin* p) {
-                return p->nameId() == placeDatabaseId;
-            });
-        database = it == plugins.end() ? nullptr : *it;
+// On the model's thread: the copy taken after the last change of the map's places, or a new one.
+AddressSearch::LoadedPlaces AddressSearch::loadedPlaces() {
+    if (!model) {
+        return std::make_shared<const QVector<LoadedPlace>>();
     }
-    return database;
+    if (!placesCopy) {
+        auto places = std::make_shared<QVector<LoadedPlace>>();
+        places->reserve(placesBefore);
+        copyPlaces(*model->treeModel()->rootDocument(), *places);
+        placesBefore = places->size();
+        placesCopy = std::move(places);
+    }
+    return placesCopy;
+}
+
+// The places in the map's tree in its order, that of Marble's list of placemarks, so that of
+// two places named alike and as populous the same one wins as there.
+void AddressSearch::copyPlaces(const Marble::GeoDataContainer& container,
+                               QVector<LoadedPlace>& places) {
+    for (const Marble::GeoDataFeature* feature : container.featureList()) {
+        const auto* placemark = Marble::geodata_cast<Marble::GeoDataPlacemark>(feature);
+        if (!placemark) {
+            if (const auto* inner = dynamic_cast<const Marble::GeoDataContainer*>(feature)) {
+                copyPlaces(*inner, places);
+            }
+            continue;
+        }
+        // A nameless one (a stretch of coast, a border) is no text's place.
+        const QString name = placemark->name();
+        if (name.isEmpty()) {
+            continue;
+        }
+        const Marble::GeoDataCoordinates where = placemark->coordinate();
+        const double latitude = where.latitude(Marble::GeoDataCoordinates::Degree);
+        const double longitude = where.longitude(Marble::GeoDataCoordinates::Degree);
+        if (onEarth(latitude, longitude)) {
+            places.append({name, {latitude, longitude, placemark->population()}});
+        }
+    }
+}
+
+// Runs on the worker thread, on a copy no other thread changes.
+QVector<AddressSearch::Place> AddressSearch::placesNamed(const QVector<LoadedPlace>& places,
+                                                         const QString& text) {
+    QVector<Place> named;
+    for (const LoadedPlace& loaded : places) {
+        if (namesPlace(loaded.name, text)) {
+            named.append(loaded.place);
+        }
+    }
+    return named;
 }
 
 void AddressSearch::startOffline() {
     offlineRunning = true;
     const Request request = latest;
-    const Marble::SearchRunnerPlugin* runners = model ? placeDatabase() : nullptr;
-    const Marble::MarbleModel* loaded = model.data();
-    worker.start([this, request, runners, loaded] {
-        const QVector<Place> named = placesNamed(runners, loaded, request.text);
+    worker.start([this, request, places = loadedPlaces()] {
+        const QVector<Place> named = placesNamed(*places, request.text);
         QMetaObject::invokeMethod(
             this, [this, request, named] { offlineDone(request, named); }, Qt::QueuedConnection);
     });

@@ -19,6 +19,7 @@
 #include <QUrl>
 #include <QVector>
 
+#include <memory>
 #include <optional>
 
 class QNetworkAccessManager;
@@ -26,8 +27,8 @@ class QNetworkReply;
 class QTimer;
 
 namespace Marble {
+class GeoDataContainer;
 class MarbleModel;
-class SearchRunnerPlugin;
 } // namespace Marble
 
 class AddressSearch : public QObject {
@@ -40,8 +41,10 @@ public:
 
     // Looks the text up: the places loaded by the map first, then Nominatim unless the model
     // works offline. Answers once, later, by found or notFound; a newer find supersedes an older
-    // one still running, which then never answers. Never blocks: the look-up among the places
-    // runs on a worker thread, the one online on the network's own.
+    // one still running, which then never answers. Hardly blocks: the look-up among the places
+    // runs on a worker thread, through a copy of them taken here, on the model's thread, when
+    // the map's places have changed since the last copy (about 10 ms for the 23,000 named
+    // places of the plain map); the look-up online runs on the network's own thread.
     void find(const QString& text);
 
     // Where online look-ups go: Nominatim's search address unless set (tests run a server of
@@ -65,7 +68,17 @@ private:
         QString text;
     };
 
-    const Marble::SearchRunnerPlugin* placeDatabase();
+    // A place the map has loaded, as the worker sees it: Marble's models may be read only on the
+    // thread that changes them, which adds and drops places as files load and the user moves.
+    struct LoadedPlace {
+        QString name;
+        Place place;
+    };
+    using LoadedPlaces = std::shared_ptr<const QVector<LoadedPlace>>;
+
+    LoadedPlaces loadedPlaces();
+    static void copyPlaces(const Marble::GeoDataContainer& container, QVector<LoadedPlace>& places);
+    static QVector<Place> placesNamed(const QVector<LoadedPlace>& places, const QString& text);
     void startOffline();
     void offlineDone(const Request& request, const QVector<Place>& places);
     void askOnline(const Request& request);
@@ -73,8 +86,8 @@ private:
     void onlineDone(QNetworkReply* reply, const Request& request);
 
     QPointer<Marble::MarbleModel> model;
-    const Marble::SearchRunnerPlugin* database = nullptr;
-    bool databaseLookedFor = false;
+    LoadedPlaces placesCopy; // none yet, or the map's places have changed since it was taken
+    int placesBefore = 0;    // how many the last copy held, likely about as many as the next
     QThreadPool worker;
     Request latest;
     bool offlineRunning = false;

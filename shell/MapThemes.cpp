@@ -173,10 +173,6 @@ const QStringList& MapThemes::pluginNames() {
         QStringLiteral("PntPlugin"),
         QStringLiteral("CachePlugin"),
         QStringLiteral("KmlPlugin"),
-        // Finding places by name (the address search).
-        QStringLiteral("LocalDatabasePlugin"),
-        QStringLiteral("LatLonPlugin"),
-        QStringLiteral("NominatimSearchPlugin"),
         // The user's position.
         QStringLiteral("QtPositioningPositionProviderPlugin"),
         QStringLiteral("GpsdPositionProviderPlugin"),
