@@ -346,6 +346,20 @@ private slots:
             const auto at = map->pointForCoordinate(pin->coordinate);
             QVERIFY(at && inside.contains(at->toPoint()));
         }
+        // Pins either side of the 180th meridian: the map looks across it at a close zoom,
+        // not at the whole world between them.
+        std::vector<MapPinRef> pacific;
+        for (double lon : {179.5, -179.25, 178.75}) {
+            auto pin = std::make_shared<MapPin>();
+            pin->coordinate = MapCoordinate{-17.0, lon};
+            pacific.push_back(pin);
+        }
+        map->showAnnotations(pacific, false);
+        QVERIFY2(map->zoomLevel() > 5, qPrintable(QString::number(map->zoomLevel())));
+        for (const MapPinRef& pin : pacific) {
+            const auto at = map->pointForCoordinate(pin->coordinate);
+            QVERIFY(at && inside.contains(at->toPoint()));
+        }
         // An empty list leaves the map alone.
         const MapCoordinate before = map->centerCoordinate();
         const double zoom = map->zoomLevel();
