@@ -1,5 +1,7 @@
 #include "FormatPopupButton.h"
 
+#include "CaptionFont.h"
+
 #include <QMenu>
 #include <QStyle>
 
@@ -24,11 +26,9 @@ void FormatPopupButton::resizeEvent(QResizeEvent* event) {
 void FormatPopupButton::fitCaption() {
     const int arrow = style()->pixelMetric(QStyle::PM_MenuButtonIndicator, nullptr, this);
     const int room = width() - arrow - 8; // the frame's margins on both sides
-    QFont caption = font();
-    caption.setPointSizeF(designPointSize);
-    while (caption.pointSizeF() > 7 && QFontMetrics(caption).horizontalAdvance(text()) > room)
-        caption.setPointSizeF(caption.pointSizeF() - 0.5);
-    setFont(caption);
+    QFont design = font();
+    design.setPointSizeF(designPointSize);
+    setFont(captionFontToFit(design, text(), room));
 }
 
 void FormatPopupButton::setMenuStyle(int style) {

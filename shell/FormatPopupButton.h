@@ -36,8 +36,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    // The buttons were drawn for a smaller system font: a caption that would be cut is set
-    // smaller, down to a legible minimum, beside the menu's arrow.
+    // The caption in a font that fits beside the menu's arrow.
     void fitCaption();
     void rebuildMenu();
     void addEntries(QMenu* into, const PopupMenuItem& parent, const QStringList& path);

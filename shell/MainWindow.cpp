@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "BatchTableView.h"
+#include "CaptionFont.h"
 #include "FormatPopupButton.h"
 #include "MainMenuBar.h"
 #include "MarbleMapView.h"
@@ -39,14 +40,9 @@ const char* const utmTooltip =
     "you are finished, press return or exit this field by selecting another field. The app will "
     "automatically format the other forms of the location and fill the other text boxes.";
 
-// The places were drawn for a smaller system font than most Linux desktops use: a caption
-// that would be clipped is set in a smaller font instead, down to a legible minimum.
 void fitCaption(QWidget* control, const QString& caption, int width) {
-    QFont font = control->font();
     const int extra = qobject_cast<QRadioButton*>(control) ? 22 : 2; // the radio's circle
-    while (font.pointSizeF() > 7 && QFontMetrics(font).horizontalAdvance(caption) + extra > width)
-        font.setPointSizeF(font.pointSizeF() - 0.5);
-    control->setFont(font);
+    control->setFont(captionFontToFit(control->font(), caption, width - extra));
 }
 
 } // namespace
