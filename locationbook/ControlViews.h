@@ -18,6 +18,8 @@ public:
     // Like typing, writing the text raises the field's change event.
     virtual void setText(const QString& text) = 0;
     virtual void setFocus() = 0;
+    // Selects the whole text, so that typing replaces it.
+    virtual void selectAll() = 0;
 };
 
 class PushButtonView {

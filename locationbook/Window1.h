@@ -21,7 +21,10 @@
 #include <utility>
 #include <vector>
 
+class ClipboardView;
+class FileDialogsView;
 class MapView;
+class ParseTextWindowOpener;
 
 // The window's controls and platform services, by their names in the window. Every pointer is
 // set by whoever builds the window (the shell or a test) and outlives the controller.
@@ -49,6 +52,9 @@ struct Window1Controls {
     MessageWindowView* messageWindow = nullptr;
     AppearanceView* appearance = nullptr;
     PictureSource* pictures = nullptr;
+    FileDialogsView* fileDialogs = nullptr;
+    ClipboardView* clipboard = nullptr;
+    ParseTextWindowOpener* importWindows = nullptr; // makes and shows the import window
 };
 
 class Window1 : public NotationSettings {
@@ -181,6 +187,12 @@ public:
     void SearchButton_Action();
     bool addressTextField_KeyDown(int key);
     void addressTextField_TextChange();
+
+    // --- Files ----------------------------------------------------------------------------------
+    // Writes the ticked rows of the table, as it shows them, to the file at path (tab-delimited,
+    // UTF-8, a header line first). It replaces the file only once the whole text is written: a
+    // failure leaves the old file whole and shows a message naming the file and the reason.
+    void writeSaveDataFile(const QString& path);
 
     // --- Menu commands (bound by item name; true when carried out) ---------------------------
     bool _FileNewLocation_Action();

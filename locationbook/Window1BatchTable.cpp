@@ -3,6 +3,8 @@
 
 #include "Window1.h"
 
+#include "RowStripes.h"
+
 #include "coordinates/PlainNumberText.h"
 
 namespace {
@@ -96,13 +98,5 @@ bool Window1::BatchListbox_CompareRows(std::int64_t row1, std::int64_t row2, std
 bool Window1::BatchListbox_CellBackgroundPaint(GraphicsView& g, std::int64_t row,
                                                std::int64_t column) {
     (void)column;
-    const bool even = row % 2 == 0;
-    if (c.appearance->isDarkMode()) {
-        if (even)
-            g.setForeColor(0xF0FFFEFEu);
-    } else {
-        g.setForeColor(even ? 0x00F3F6FAu : 0x00FFFFFFu);
-    }
-    g.fillRectangle(0, 0, g.width(), g.height());
-    return false;
+    return paintRowStripes(g, row, c.appearance->isDarkMode());
 }

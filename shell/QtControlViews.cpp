@@ -24,6 +24,11 @@ void LineEditView::setFocus() {
         edit->setFocus(Qt::OtherFocusReason);
 }
 
+void LineEditView::selectAll() {
+    if (edit)
+        edit->selectAll();
+}
+
 QString QtPushButtonView::caption() const {
     return button ? button->text() : QString();
 }

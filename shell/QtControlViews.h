@@ -22,6 +22,7 @@ public:
     QString text() const override;
     void setText(const QString& text) override;
     void setFocus() override;
+    void selectAll() override;
 
 private:
     QPointer<QLineEdit> edit;

@@ -25,10 +25,12 @@ public:
             onTextChange();
     }
     void setFocus() override { ++focusRequests; }
+    void selectAll() override { allSelected = true; }
 
     QString value;
     int writes = 0;
     int focusRequests = 0;
+    bool allSelected = false;
     std::function<void()> onTextChange; // the field's change event, wired to the controller
 };
 

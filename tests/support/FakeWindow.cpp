@@ -25,8 +25,12 @@ FakeWindow::FakeWindow() {
     c.messageWindow = &messageWindow;
     c.appearance = &appearance;
     c.pictures = &pictures;
+    c.fileDialogs = &fileDialogs;
+    c.clipboard = &clipboard;
+    c.importWindows = &importWindows;
     pictures.sizes.insert(QStringLiteral("scopeCurs"), QSize(31, 21));
     w = std::make_unique<Window1>(c);
+    importWindows.main = w.get();
 
     RadioButton1.partner = &RadioButton2;
     RadioButton2.partner = &RadioButton1;
@@ -94,4 +98,10 @@ void FakeWindow::clickRadioButton2() {
 
 void FakeWindow::type(FakeTextField& field, const QString& text) {
     field.setText(text);
+}
+
+FakeImportWindow& FakeWindow::importFile(const QString& path) {
+    fileDialogs.openAnswer = path;
+    w->_FileOpen_Action();
+    return *importWindows.current;
 }

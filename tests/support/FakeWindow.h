@@ -5,6 +5,7 @@
 #include "locationbook/BatchTable.h"
 #include "locationbook/Window1.h"
 #include "support/FakeControls.h"
+#include "support/FakeImportWindow.h"
 
 #include <memory>
 
@@ -32,6 +33,9 @@ public:
     FakeMessageWindow messageWindow;
     FakeAppearance appearance;
     FakePictures pictures; // scopeCurs is 31 x 21 pixels
+    FakeFileDialogs fileDialogs;
+    FakeClipboard clipboard;
+    FakeImportWindows importWindows;
 
     // A user's choice of order: turns the button on and raises its action event.
     void clickRadioButton1();
@@ -45,6 +49,8 @@ public:
     // A user's click on a row of the table: the window's click event, then the table selects
     // the row as a list control does (which raises its change event).
     void clickRow(int row);
+    // File > Open with the file dialog answered by path: the import window that it showed.
+    FakeImportWindow& importFile(const QString& path);
 
 private:
     std::unique_ptr<Window1> w;
