@@ -28,7 +28,6 @@ void ImportPreview::beginFill(char delimiter, int fieldCount, std::int64_t expec
     delim = delimiter;
     fields = fieldCount;
     columns = fieldCount == 0 ? 1 : fieldCount + 2;
-    headerTypes.assign(static_cast<std::size_t>(columns), 0);
 }
 
 void ImportPreview::addLine(std::string_view line) {
@@ -41,6 +40,11 @@ void ImportPreview::addLine(std::string_view line) {
 
 void ImportPreview::endFill() {
     endResetModel();
+}
+
+void ImportPreview::clear() {
+    beginFill(0, 0);
+    endFill();
 }
 
 std::string_view ImportPreview::line(int row) const {
@@ -73,15 +77,6 @@ QString ImportPreview::cellValueAt(int row, int column) const {
                                 });
     // Blanks beyond ASCII (a no-break space from a spreadsheet) are trimmed too.
     return QString::fromUtf8(cell.data(), static_cast<int>(cell.size())).trimmed();
-}
-
-int ImportPreview::headerType(int column) const {
-    return column >= 0 && column < columns ? headerTypes[static_cast<std::size_t>(column)] : 0;
-}
-
-void ImportPreview::setHeaderType(int column, int type) {
-    if (column >= 0 && column < columns)
-        headerTypes[static_cast<std::size_t>(column)] = type;
 }
 
 int ImportPreview::rowCount(const QModelIndex& parent) const {

@@ -26,6 +26,8 @@ public:
     // Adds a row holding this line (UTF-8, without its line end).
     void addLine(std::string_view line);
     void endFill();
+    // Empties the table and gives its memory back.
+    void clear();
 
     // --- What the import window's controller reads and sets ------------------------------------
     int lastRowIndex() const { return static_cast<int>(starts.size()) - 1; }
@@ -38,8 +40,6 @@ public:
     // "80,80,80": the widths of the first columns (pixels); the last column takes the rest.
     QString columnWidths() const { return widths; }
     void setColumnWidths(const QString& text) { widths = text; }
-    int headerType(int column) const;
-    void setHeaderType(int column, int type);
 
     // --- QAbstractTableModel -------------------------------------------------------------------
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
@@ -57,5 +57,4 @@ private:
     int fields = 0;
     int columns = 1;
     QString widths;
-    std::vector<int> headerTypes;
 };

@@ -123,8 +123,6 @@ bool ParseTextWindow::readText(const QString& path) {
 
     ImportPreview& preview = *c.Listbox1;
     preview.beginFill(delim, fieldCount, expectedBytes, lines);
-    for (int column = 0; column <= fieldCount; ++column)
-        preview.setHeaderType(column, 1);
     QString widths = QStringLiteral("80");
     for (int i = 0; i < fieldCount; ++i)
         widths += QStringLiteral(",80");

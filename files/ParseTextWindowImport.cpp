@@ -97,6 +97,8 @@ void ParseTextWindow::PushButton1_Action() {
             built))
         return;
 
+    // The window closes now: its copy of the text makes way for the pins and the table.
+    c.Listbox1->clear();
     if (!c.CheckBox1->value()) {
         if (w->mapview)
             w->mapview->removeAnnotations(w->Pins);

@@ -85,7 +85,7 @@ void Window1::FillDetailsForm() {
     const MapCoordinate here{theLocation->lat, theLocation->lon};
     currentPin = std::make_shared<MapPin>();
     currentPin->coordinate = here;
-    currentPin->title = theLocation->label;
+    currentPin->label = theLocation->label;
     if (!mapview)
         return;
     if (!gettingAddressLoc && !tappingMap)

@@ -2,7 +2,6 @@
 // whose caption says what a press will do next.
 
 #include "MapView.h"
-#include "coordinates/PlainNumberText.h"
 #include "coordinates/generalModule.h"
 #include "locationbook/Window1.h"
 
@@ -59,10 +58,7 @@ void Window1::Map_regionDidChangeAnimated() {
 }
 
 QString Window1::coordinateText(double lat, double lon) const {
-    const QString latText = plainDoubleText(lat) + QChar(0x00B0);
-    const QString lonText = plainDoubleText(lon) + QChar(0x00B0);
-    return latitudeFirst() ? latText + QStringLiteral(", ") + lonText
-                           : lonText + QStringLiteral(", ") + latText;
+    return ::coordinateText(lat, lon, latitudeFirst());
 }
 
 std::optional<MapCoordinate> Window1::coordinateAt(std::int64_t x, std::int64_t y) const {

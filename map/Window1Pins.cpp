@@ -9,16 +9,13 @@ void Window1::makePinsFromLocations() {
         mapview->removeAnnotations(Pins);
     Pins.clear();
     Pins.reserve(locations.size());
+    const bool latFirst = latitudeFirst();
     for (const VertexRef& v : locations) {
         auto pin = std::make_shared<MapPin>();
         pin->coordinate = MapCoordinate{v->lat, v->lon};
-        const QString numbers = coordinateText(v->lat, v->lon);
-        if (v->label.isEmpty()) {
-            pin->title = numbers;
-        } else {
-            pin->title = v->label;
-            pin->subtitle = numbers;
-        }
+        pin->label = v->label;
+        pin->numbered = true;
+        pin->latitudeFirst = latFirst;
         Pins.push_back(std::move(pin));
     }
     if (mapview)

@@ -370,8 +370,8 @@ bool PinLayer::render(Marble::GeoPainter* painter, Marble::ViewportParams* viewp
 }
 
 void PinLayer::drawCallOut(QPainter& p, QPointF tip, const MapPin& pin) const {
-    const QString title = pin.title.isEmpty() ? pin.subtitle : pin.title;
-    const QString subtitle = pin.title.isEmpty() ? QString() : pin.subtitle;
+    const QString title = pin.title();
+    const QString subtitle = pin.subtitle();
     if (title.isEmpty())
         return;
     QFont titleFont = p.font();

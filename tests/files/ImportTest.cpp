@@ -115,6 +115,17 @@ INSTANTIATE_TEST_SUITE_P(
                  2,
                  {QString::fromUtf8("1|x|\xC3\xBC")}},
         ScanCase{"latin1WhenNotUtf8", "Z\xFCrich,1", ',', 2, {"1|" + latin1Zurich + "|1"}},
+        ScanCase{"utf8UpToItsEdges",
+                 "\xC3\x80\xF4\x8F\xBF\xBF,1",
+                 ',',
+                 2,
+                 {QString::fromUtf8("1|\xC3\x80\xF4\x8F\xBF\xBF|1")}},
+        ScanCase{"latin1WhenASequenceBreaksOff",
+                 "\xC3"
+                 "abcdefghij,1",
+                 ',',
+                 2,
+                 {QString::fromUtf8("1|\xC3\x83") + "abcdefghij|1"}},
         ScanCase{"noDelimiterAnywhere", "abc\ndef", 0, 0, {"1", "2"}},
         ScanCase{"emptyTextIsOneEmptyLine", "", 0, 0, {"1"}},
         ScanCase{"nulIsACharacter",
@@ -167,6 +178,9 @@ TEST_F(ImportTest, EachNotationMakesTheLocationsOfItsColumns) {
         FakeImportWindow& iw = open(text);
         iw.CheckBox1.ticked = false;
         iw.pressSegment(r.segment);
+        EXPECT_EQ(iw.Label2.value, r.segment == 2 ? "Eastings:" : "Longitude:");
+        EXPECT_EQ(iw.Label3.value, r.segment == 2 ? "Northings:" : "Latitude:");
+        EXPECT_EQ(iw.PopupMenuUTMZ.visible && iw.Label4.visible, r.segment == 2);
         iw.PopupMenuUTMZ.selected = r.zone;
         ok(iw, r.lon, r.lat, 1);
         ASSERT_EQ(win->locations.size(), 2u) << r.name;
@@ -239,10 +253,10 @@ TEST_F(ImportTest, FirstLineThatIsNotAWholeNumberOfOneOrMoreCountsAsOne) {
 }
 
 TEST_F(ImportTest, UnreadableZonesAreToldOncePerImport) {
-    FakeImportWindow& iw = open("500000,4000000,x\n500000,4000000,y\n");
+    FakeImportWindow& iw = open("x,500000,4000000\ny,500000,4000000\n");
     iw.pressSegment(2);
-    iw.PopupMenuUTMZ.selected = 3;
-    ok(iw, 1, 2, 0, QStringLiteral("1"));
+    iw.PopupMenuUTMZ.selected = 1;
+    ok(iw, 2, 3, 0, QStringLiteral("1"));
     EXPECT_EQ(win->locations.size(), 2u);
     EXPECT_EQ(win.messageBox.shown.size() + iw.messageBox.shown.size(), 2)
         << (win.messageBox.shown + iw.messageBox.shown).join(QLatin1Char('/')).toStdString();
@@ -283,6 +297,8 @@ TEST_F(LongTextTest, CancelWhileReadingClosesTheWindow) {
 TEST_F(LongTextTest, CancelWhileLoadingLeavesTheListAsItWas) {
     FakeImportWindow& iw = win.importFile(path);
     EXPECT_EQ(iw.Listbox1.lastRowIndex(), 100499);
+    EXPECT_EQ(iw.progress.captions,
+              QStringList{QStringLiteral("Reading \u201Cin.txt\u201D\u2026")});
     iw.CheckBox1.ticked = false;
     iw.progress.cancelAt = 50000;
     ok(iw, 2, 1);
@@ -312,8 +328,13 @@ TEST_F(ImportTest, HostileBytesFillThePreviewWithoutHarm) {
         binary += char((i * 7919) >> 3);
     FakeImportWindow& noise = open(binary);
     EXPECT_FALSE(noise.closed);
+    const auto rowCount = std::size_t(noise.Listbox1.lastRowIndex() + 1);
     ok(noise, 1, 1, 1, QStringLiteral("1"));
-    EXPECT_EQ(win->locations.size(), std::size_t(noise.Listbox1.lastRowIndex() + 1));
+    EXPECT_EQ(win->locations.size(), rowCount);
+
+    // A CR LF split between two reads of the file still ends one line.
+    const QByteArray straddling = QByteArray(256 * 1024 - 1, 'x') + "\r\n1,2";
+    EXPECT_EQ(open(straddling).Listbox1.lastRowIndex(), 1);
 
     // One line of 50 MB: held whole, shown cut.
     const QByteArray huge = QByteArray(50 << 20, '7') + ",1";

@@ -212,10 +212,10 @@ TEST_F(MapTest, PinsFollowTheListWithTheirTexts) {
     record(QStringLiteral("45.5 9.25"));
     record(QStringLiteral("-33.5 151.25"), QStringLiteral("Sydney"));
     ASSERT_EQ(w.Pins.size(), 2u);
-    EXPECT_EQ(w.Pins[0]->title, QStringLiteral("45.5°, 9.25°"));
-    EXPECT_TRUE(w.Pins[0]->subtitle.isEmpty());
-    EXPECT_EQ(w.Pins[1]->title, QStringLiteral("Sydney"));
-    EXPECT_EQ(w.Pins[1]->subtitle, QStringLiteral("-33.5°, 151.25°"));
+    EXPECT_EQ(w.Pins[0]->title(), QStringLiteral("45.5°, 9.25°"));
+    EXPECT_TRUE(w.Pins[0]->subtitle().isEmpty());
+    EXPECT_EQ(w.Pins[1]->title(), QStringLiteral("Sydney"));
+    EXPECT_EQ(w.Pins[1]->subtitle(), QStringLiteral("-33.5°, 151.25°"));
     EXPECT_EQ(w.Pins[1]->coordinate.latitude, -33.5);
     for (const MapPinRef& pin : w.Pins)
         EXPECT_TRUE(map.hasPin(pin));
@@ -224,7 +224,7 @@ TEST_F(MapTest, PinsFollowTheListWithTheirTexts) {
 
     // The order buttons don't rebuild the pins.
     f.clickRadioButton2();
-    EXPECT_EQ(w.Pins[0]->title, QStringLiteral("45.5°, 9.25°"));
+    EXPECT_EQ(w.Pins[0]->title(), QStringLiteral("45.5°, 9.25°"));
 }
 
 TEST_F(MapTest, PinChosenByIdentityBringsThatRecordToTheForm) {
