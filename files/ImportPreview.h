@@ -38,6 +38,7 @@ public:
     void rowFields(int row, std::vector<std::string_view>& fields) const;
     int fieldCount() const { return fields; }
     // "80,80,80": the widths of the first columns (pixels); the last column takes the rest.
+    // Set while filling: a view takes them when the fill ends.
     QString columnWidths() const { return widths; }
     void setColumnWidths(const QString& text) { widths = text; }
 

@@ -3,9 +3,12 @@
 #include "BatchTableView.h"
 #include "CaptionFont.h"
 #include "FormatPopupButton.h"
+#include "ImportControlViews.h"
 #include "MainMenuBar.h"
 #include "MarbleMapView.h"
+#include "ParseTextDialog.h"
 #include "TextFieldEvents.h"
+#include "files/ParseTextWindow.h"
 #include "locationbook/BatchTable.h"
 #include "locationbook/Window1.h"
 
@@ -82,6 +85,9 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
     c.messageWindow = (messageWindowView = std::make_unique<QtMessageWindow>(this)).get();
     c.appearance = (appearanceView = std::make_unique<PaletteAppearance>()).get();
     c.pictures = picturesView.get();
+    c.fileDialogs = (fileDialogsView = std::make_unique<QtFileDialogs>(this)).get();
+    c.clipboard = (clipboardView = std::make_unique<QtClipboard>()).get();
+    c.importWindows = this;
     window1 = std::make_unique<Window1>(c);
     // White, a fifth see-through: the map shows faintly behind the read-out.
     rectangleView->setFillColor(0x33FFFFFFu);
@@ -101,12 +107,28 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
 }
 
 MainWindow::~MainWindow() {
+    // The import window fills this window's controller: it goes before it.
+    delete importDialog;
     // The controller goes first: widgets being torn down must not reach it.
     Map->setEvents({});
     window1.reset();
     batchTable->onCellAction = nullptr;
     batchTable->onChange = nullptr;
     batchTable->onCompareRows = nullptr;
+}
+
+ParseTextWindow& MainWindow::showParseTextWindow() {
+    if (importDialog)
+        importDialog->dismiss();
+    importDialog = new ParseTextDialog(this);
+    ParseTextWindow& controller = importDialog->controller();
+    controller.Event_Open({DocWindowAndMenu::OpenWindow{0, true, window1.get()}});
+    importDialog->show();
+    return controller;
+}
+
+ParseTextDialog* MainWindow::importWindow() const {
+    return importDialog;
 }
 
 void MainWindow::createControls() {
@@ -385,11 +407,16 @@ void MainWindow::wireMenu() {
     connect(menu, &MainMenuBar::menuAboutToShow, this,
             [this] { window1->Event_EnableMenuItems(); });
     connect(menu, &MainMenuBar::itemChosen, this, [this](const QString& name) {
+        auto* field = qobject_cast<QLineEdit*>(focusWidget());
+        // Text pasted into a field stays a field's text; only elsewhere is it data to import.
+        if (name == QLatin1String("EditPaste") && field) {
+            field->paste();
+            return;
+        }
         if (window1->menuItemChosen(name))
             return;
         // Items the platform serves itself: quit and the text-editing commands, which act on
         // the focused field.
-        auto* field = qobject_cast<QLineEdit*>(focusWidget());
         if (name == QLatin1String("FileQuit"))
             close();
         else if (!field)
@@ -400,8 +427,6 @@ void MainWindow::wireMenu() {
             field->cut();
         else if (name == QLatin1String("EditCopy"))
             field->copy();
-        else if (name == QLatin1String("EditPaste"))
-            field->paste();
         else if (name == QLatin1String("EditClear"))
             field->del();
         else if (name == QLatin1String("EditSelectAll"))

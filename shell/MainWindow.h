@@ -6,8 +6,10 @@
 #include "QtControlViews.h"
 #include "QtMessageWindow.h"
 #include "ReadOutLabelView.h"
+#include "files/ImportViews.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include <memory>
 
@@ -16,6 +18,7 @@ class BatchTableView;
 class FormatPopupButton;
 class MainMenuBar;
 class MarbleMapView;
+class ParseTextDialog;
 class QButtonGroup;
 class QLabel;
 class QLineEdit;
@@ -23,13 +26,20 @@ class QPushButton;
 class QRadioButton;
 class QTabWidget;
 class QTimer;
+class QtClipboard;
+class QtFileDialogs;
 class Window1;
 
-class MainWindow : public QMainWindow {
+class MainWindow : public QMainWindow, public ParseTextWindowOpener {
     Q_OBJECT
 public:
     explicit MainWindow(QWidget* parent = nullptr);
     ~MainWindow() override;
+
+    // Replaces an import window still open with a new one, opened over this window and shown.
+    ParseTextWindow& showParseTextWindow() override;
+    // The import window on screen or still to be deleted; null once it is gone.
+    ParseTextDialog* importWindow() const;
 
     Window1& controller() { return *window1; }
     MainMenuBar* mainMenuBar() const { return menu; }
@@ -109,5 +119,8 @@ private:
     std::unique_ptr<QtMessageWindow> messageWindowView;
     std::unique_ptr<PaletteAppearance> appearanceView;
     std::unique_ptr<ResourcePictures> picturesView;
+    std::unique_ptr<QtFileDialogs> fileDialogsView;
+    std::unique_ptr<QtClipboard> clipboardView;
+    QPointer<ParseTextDialog> importDialog;
     std::unique_ptr<Window1> window1;
 };
