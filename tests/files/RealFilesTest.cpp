@@ -1,10 +1,8 @@
 // Coordinate files that other projects ship in Debian (tests/data/README.md says which),
 // imported as a user would. Each location is compared with its line read by plain C++ streams
-// and strtod, and its UTM coordinates with GeographicLib's UTMUPS.
+// and strtod.
 
 #include "support/FakeWindow.h"
-
-#include <GeographicLib/UTMUPS.hpp>
 
 #include <gtest/gtest.h>
 
@@ -63,13 +61,6 @@ TEST_P(RealFileImport, EveryLineFromTheFirstBecomesItsLocation) {
         const std::string label = field(f.labelColumn);
         EXPECT_EQ(v.label,
                   f.latin1 ? QString::fromLatin1(label.c_str()) : QString::fromStdString(label));
-        int zone = 0;
-        bool north = true;
-        double easting = 0, northing = 0; // metres
-        GeographicLib::UTMUPS::Forward(lat, lon, zone, north, easting, northing);
-        EXPECT_EQ(std::abs((*v.utmZ)[1]), zone);
-        EXPECT_NEAR(v.utmE, easting, 0.0015); // our series is within about a millimetre
-        EXPECT_NEAR(v.utmN, northing, 0.0015);
     }
 }
 
