@@ -3,8 +3,8 @@
 // recorded NMEA log walking north from the Obelisco in Buenos Aires.
 
 #include "shell/AddressSearch.h"
-#include "shell/NmeaPositionProvider.h"
 #include "shell/UserPosition.h"
+#include "support/NmeaPositionProvider.h"
 
 #include <marble/FileManager.h>
 #include <marble/GeoDataAccuracy.h>

@@ -9,9 +9,9 @@
 #include "shell/MainMenuBar.h"
 #include "shell/MainWindow.h"
 #include "shell/MarbleMapView.h"
-#include "shell/NmeaPositionProvider.h"
 #include "shell/PinLayer.h"
 #include "shell/UserPosition.h"
+#include "support/NmeaPositionProvider.h"
 
 #include <marble/MarbleMap.h>
 #include <marble/MarbleModel.h>

@@ -1,7 +1,7 @@
 #pragma once
 // A position provider for Marble's tracking that replays a recorded NMEA log (GGA and RMC
 // sentences) at the pace of its own time stamps: the same fixes in the same order every time,
-// for tests and for anyone who wants to see a recorded walk again.
+// for the widget tests that follow the user's position.
 //
 // A fix is a position a sentence with a valid checksum gives; sentences of the same time stamp
 // make one fix. A log that cannot be read makes the provider's status an error.
