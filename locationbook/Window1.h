@@ -167,6 +167,9 @@ public:
     bool Map_MouseDown(std::int64_t x, std::int64_t y, bool contextualClick);
     void Map_MouseUp(std::int64_t x, std::int64_t y);
     void Map_MouseMove(std::int64_t x, std::int64_t y);
+    // The address being looked for names no place: nothing changes but the search mode, so a
+    // later pan makes no location under that address.
+    void Map_addressNotFound();
     void Map_MouseEnter();
     void Map_MouseExit();
     // annotation is the pin the user clicked, compared by identity with Pins.

@@ -42,7 +42,8 @@ public:
     // The coordinate under a point (pixels from the map's top left); none off the globe.
     virtual std::optional<MapCoordinate> convertPointToCoordinate(double x, double y) const = 0;
     // Geocodes free text and, on success, moves the map there; the move is reported later as a
-    // region change. No result is returned.
+    // region change. A text that names no place is reported later as Map_addressNotFound. No
+    // result is returned.
     virtual void showAddress(const QString& text) = 0;
     virtual void addAnnotation(const MapPinRef& pin) = 0;
     // Removing a pin that is not on the map does nothing.

@@ -57,6 +57,14 @@ void Window1::Map_regionDidChangeAnimated() {
     mapview->setMouseCursor(curs);
 }
 
+void Window1::Map_addressNotFound() {
+    // No message and no location: the text stays for the user to correct, and the button still
+    // offers to find it.
+    gettingAddressLoc = false;
+    if (!c.addressTextField->text().isEmpty())
+        setSearchButton(SearchButtonStates::findAddress(), true);
+}
+
 QString Window1::coordinateText(double lat, double lon) const {
     return ::coordinateText(lat, lon, latitudeFirst());
 }

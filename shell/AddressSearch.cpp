@@ -1,5 +1,8 @@
 #include "AddressSearch.h"
 
+#include "map/NominatimReply.h"
+#include "map/PlaceMatch.h"
+
 #include <marble/GeoDataContainer.h>
 #include <marble/GeoDataCoordinates.h>
 #include <marble/GeoDataDocument.h>
@@ -8,16 +11,11 @@
 #include <marble/MarbleModel.h>
 
 #include <QCoreApplication>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QTimer>
 
-#include <algorithm>
-#include <cmath>
 #include <memory>
 
 namespace {
@@ -26,83 +24,6 @@ namespace {
 const QUrl nominatimSearch(QStringLiteral("https://nominatim.openstreetmap.org/search"));
 const int onlineSpacing = 1000;   // milliseconds between two requests
 const int onlinePatience = 15000; // milliseconds before a silent service counts as failed
-
-// A name counts as the text's place when the text, whatever its case, is all of it or its start
-// ending where a word of it ends: "Kansas" is Kansas City, "Wien" is not Wiener Neustadt.
-bool namesPlace(const QString& name, const QString& text) {
-    if (text.isEmpty() || !name.startsWith(text, Qt::CaseInsensitive)) {
-        return false;
-    }
-    if (name.size() == text.size() || !text.back().isLetterOrNumber()) {
-        return true;
-    }
-    return !name.at(text.size()).isLetterOrNumber();
-}
-
-// The most populous candidate; among equals, or when no population is known, the first, which
-// is where Nominatim puts the one it ranks highest.
-std::optional<AddressSearch::Place> bestPlace(const QVector<AddressSearch::Place>& places) {
-    if (places.isEmpty()) {
-        return std::nullopt;
-    }
-    return *std::max_element(places.begin(), places.end(),
-                             [](const AddressSearch::Place& a, const AddressSearch::Place& b) {
-                                 return a.population < b.population;
-                             });
-}
-
-bool onEarth(double latitude, double longitude) {
-    return std::isfinite(latitude) && std::isfinite(longitude) && std::abs(latitude) <= 90 &&
-           std::abs(longitude) <= 180;
-}
-
-// OSM's population tag is a whole number, sometimes written with group separators or followed
-// by a second value after a semicolon.
-qint64 populationFromTag(const QString& tag) {
-    QString digits;
-    for (const QChar c : tag) {
-        if (c.isDigit()) {
-            digits.append(c);
-        } else if (c == QLatin1Char(' ') || c == QLatin1Char(',') || c == QLatin1Char('.') ||
-                   c == QLatin1Char('\'') || c == QChar(0x00A0) || c == QChar(0x202F)) {
-            continue;
-        } else {
-            break;
-        }
-    }
-    bool ok = false;
-    const qint64 population = digits.left(15).toLongLong(&ok);
-    return ok ? population : -1;
-}
-
-double degreesFrom(const QJsonValue& value) {
-    if (value.isDouble()) {
-        return value.toDouble();
-    }
-    bool ok = false;
-    const double degrees = value.toString().toDouble(&ok);
-    return ok ? degrees : NAN;
-}
-
-// Nominatim answers with an array of places, coordinates as decimal strings, the place's OSM
-// tags (population among them) under "extratags".
-QVector<AddressSearch::Place> placesFromNominatim(const QByteArray& body) {
-    QVector<AddressSearch::Place> places;
-    const QJsonArray results = QJsonDocument::fromJson(body).array();
-    for (const QJsonValue& result : results) {
-        const QJsonObject place = result.toObject();
-        const double latitude = degreesFrom(place.value(QStringLiteral("lat")));
-        const double longitude = degreesFrom(place.value(QStringLiteral("lon")));
-        if (!onEarth(latitude, longitude)) {
-            continue;
-        }
-        const QJsonValue tag =
-            place.value(QStringLiteral("extratags")).toObject().value(QStringLiteral("population"));
-        places.append(
-            {latitude, longitude, tag.isString() ? populationFromTag(tag.toString()) : -1});
-    }
-    return places;
-}
 
 QByteArray userAgent() {
     const QString version = QCoreApplication::applicationVersion();
@@ -183,7 +104,7 @@ void AddressSearch::copyPlaces(const Marble::GeoDataContainer& container,
         const Marble::GeoDataCoordinates where = placemark->coordinate();
         const double latitude = where.latitude(Marble::GeoDataCoordinates::Degree);
         const double longitude = where.longitude(Marble::GeoDataCoordinates::Degree);
-        if (onEarth(latitude, longitude)) {
+        if (PlaceMatch::onEarth(latitude, longitude)) {
             places.append({name, {latitude, longitude, placemark->population()}});
         }
     }
@@ -194,7 +115,7 @@ QVector<AddressSearch::Place> AddressSearch::placesNamed(const QVector<LoadedPla
                                                          const QString& text) {
     QVector<Place> named;
     for (const LoadedPlace& loaded : places) {
-        if (namesPlace(loaded.name, text)) {
+        if (PlaceMatch::namesPlace(loaded.name, text)) {
             named.append(loaded.place);
         }
     }
@@ -217,7 +138,7 @@ void AddressSearch::offlineDone(const Request& request, const QVector<Place>& pl
         startOffline();
         return;
     }
-    if (const auto best = bestPlace(places)) {
+    if (const auto best = PlaceMatch::best(places)) {
         emit found(best->latitude, best->longitude);
     } else if (request.text.isEmpty() || !model || model->workOffline()) {
         emit notFound();
@@ -277,7 +198,7 @@ void AddressSearch::onlineDone(QNetworkReply* reply, const Request& request) {
         return;
     }
     const auto best = reply->error() == QNetworkReply::NoError
-                          ? bestPlace(placesFromNominatim(reply->readAll()))
+                          ? PlaceMatch::best(NominatimReply::places(reply->readAll()))
                           : std::nullopt;
     if (best) {
         emit found(best->latitude, best->longitude);

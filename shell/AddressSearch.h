@@ -11,6 +11,8 @@
 //   "10 Downing Street, London"  no place of the map's starts so: Nominatim
 //   ""               nothing to look for: notFound
 
+#include "map/FoundPlace.h"
+
 #include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
@@ -51,12 +53,7 @@ public:
     // their own). At most one request a second goes there, the newest text waiting its turn.
     void setOnlineService(const QUrl& searchAddress);
 
-    // A candidate answer: where a place is and how many live there (negative: not known).
-    struct Place {
-        double latitude = 0;  // degrees
-        double longitude = 0; // degrees
-        qint64 population = -1;
-    };
+    using Place = FoundPlace;
 
 signals:
     void found(double latitude, double longitude); // degrees

@@ -340,6 +340,7 @@ void MainWindow::wireMap() {
         return w->Map_ContextualMenuAction(item);
     };
     events.regionChanged = [w] { w->Map_regionDidChangeAnimated(); };
+    events.addressNotFound = [w] { w->Map_addressNotFound(); };
     events.locationOnShow = [w] { return w->currentPin; };
     Map->setEvents(events);
     connect(SegmentedControl1, &QButtonGroup::idClicked, this,

@@ -1,5 +1,7 @@
 #include "MapThemes.h"
 
+#include "map/MapThemeChoice.h"
+
 #include <marble/MarbleDirs.h>
 #include <marble/TileCreator.h>
 
@@ -20,17 +22,6 @@ static void registerThemes() {
 }
 
 namespace {
-
-const char* const plainTheme = "earth/plain/plain.dgml";
-const char* const openStreetMapTheme = "earth/openstreetmap/openstreetmap.dgml";
-
-// Our own looks, as shipped in the resources (":/themes/<name>.dgml").
-const char* const ownThemes[] = {"geoquill-satellite", "geoquill-satellite-online",
-                                 "geoquill-hybrid", "geoquill-hybrid-online"};
-
-QString ownThemeId(const char* name) {
-    return QStringLiteral("earth/%1/%1.dgml").arg(QLatin1String(name));
-}
 
 // A small tile every server has: the whole world at level 0.
 const char* const defaultProbeAddress[] = {"https://a.tile.openstreetmap.org/0/0/0.png",
@@ -100,14 +91,14 @@ QString imageryMark() {
 
 void installOwnThemes() {
     registerThemes();
-    for (const char* name : ownThemes) {
-        QFile source(QStringLiteral(":/themes/%1.dgml").arg(QLatin1String(name)));
+    for (const QString& name : MapThemeChoice::ownThemeNames()) {
+        QFile source(QStringLiteral(":/themes/%1.dgml").arg(name));
         if (!source.open(QIODevice::ReadOnly))
             continue;
         const QByteArray text = source.readAll();
         const QString folder =
-            Marble::MarbleDirs::localPath() + QStringLiteral("/maps/earth/") + QLatin1String(name);
-        const QString path = folder + QLatin1Char('/') + QLatin1String(name) + ".dgml";
+            Marble::MarbleDirs::localPath() + QStringLiteral("/maps/earth/") + name;
+        const QString path = folder + QLatin1Char('/') + name + QStringLiteral(".dgml");
         QFile installed(path);
         if (installed.open(QIODevice::ReadOnly) && installed.readAll() == text)
             continue;
@@ -191,20 +182,8 @@ void MapThemes::prepare() {
 }
 
 QString MapThemes::themeFor(int mapType) const {
-    const bool satelliteOnline = reachable[int(Source::Sentinel2)];
-    switch (mapType) {
-    case 1:
-        if (!satelliteOnline && !imageryReady)
-            return QLatin1String(plainTheme);
-        return ownThemeId(satelliteOnline ? ownThemes[1] : ownThemes[0]);
-    case 2:
-        if (!satelliteOnline && !imageryReady)
-            return QLatin1String(plainTheme);
-        return ownThemeId(satelliteOnline ? ownThemes[3] : ownThemes[2]);
-    default:
-        return QLatin1String(reachable[int(Source::OpenStreetMap)] ? openStreetMapTheme
-                                                                   : plainTheme);
-    }
+    return MapThemeChoice::themeFor(mapType, {reachable[int(Source::OpenStreetMap)],
+                                              reachable[int(Source::Sentinel2)], imageryReady});
 }
 
 void MapThemes::probe(bool now) {

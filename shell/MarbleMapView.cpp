@@ -3,6 +3,8 @@
 #include "AddressSearch.h"
 #include "QtControlViews.h"
 #include "UserPosition.h"
+#include "map/MapThemeChoice.h"
+#include "map/PinsExtent.h"
 
 #include <marble/AbstractFloatItem.h>
 #include <marble/FileManager.h>
@@ -294,33 +296,11 @@ void MarbleMapView::flightStep(double progress) {
 }
 
 void MarbleMapView::showAnnotations(const std::vector<MapPinRef>& shown, bool animated) {
-    std::vector<double> longitudes;
-    longitudes.reserve(shown.size());
-    double south = 90, north = -90;
-    for (const MapPinRef& pin : shown) {
-        if (!pin || !std::isfinite(pin->coordinate.latitude) ||
-            !std::isfinite(pin->coordinate.longitude))
-            continue;
-        longitudes.push_back(std::remainder(pin->coordinate.longitude, 360.0));
-        south = std::min(south, pin->coordinate.latitude);
-        north = std::max(north, pin->coordinate.latitude);
-    }
-    if (longitudes.empty())
-        return; // nothing to show: the map stays where it is
-    // The narrowest run of longitudes holding every pin: the complement of the widest gap,
-    // which may straddle the 180th meridian.
-    std::sort(longitudes.begin(), longitudes.end());
-    double widestGap = longitudes.front() + 360.0 - longitudes.back();
-    double west = longitudes.front();
-    for (std::size_t i = 1; i < longitudes.size(); ++i) {
-        const double gap = longitudes[i] - longitudes[i - 1];
-        if (gap > widestGap) {
-            widestGap = gap;
-            west = longitudes[i];
-        }
-    }
-    const double span = (360.0 - widestGap) * degree; // radians
-    const double lowY = mercator(south * degree), highY = mercator(north * degree);
+    const auto extent = PinsExtent::of(shown);
+    if (!extent)
+        return;                                // nothing to show: the map stays where it is
+    const double span = extent->span * degree; // radians
+    const double lowY = mercator(extent->south * degree), highY = mercator(extent->north * degree);
     // Room around the pins, above them for their heads, and for the band of the read-out and
     // the scale bar at the top.
     const double margin = 40, heads = 30, topBand = 30;
@@ -335,7 +315,7 @@ void MarbleMapView::showAnnotations(const std::vector<MapPinRef>& shown, bool an
     const double radius = std::isfinite(perRadian) ? perRadian * pi / 2.0 : 64.0 * std::exp2(14);
     const double zoom = clampedMarbleZoom(200.0 * std::log(std::max(radius, 1.0)));
     const double pixelsPerRadian = 2.0 * std::lround(std::exp(zoom / 200.0)) / pi;
-    const Place target{west * degree + span / 2,
+    const Place target{extent->centreLongitude() * degree,
                        (lowY + highY) / 2 + (heads + topBand) / 2 / pixelsPerRadian, zoom};
     if (animated)
         flyTo(target);
@@ -400,12 +380,9 @@ void MarbleMapView::applyViewChoices() {
         compass->setVisible(showsCompass);
         compass->setPosition(QPointF(-10.5, 28.5)); // top right, under the pointer read-out
     }
-    const bool online = m.mapThemeId().contains(QLatin1String("openstreetmap")) ||
-                        m.mapThemeId().contains(QLatin1String("online"));
-    attribution->setText(m.mapThemeId().contains(QLatin1String("openstreetmap"))
-                             ? QStringLiteral("\u00A9 OpenStreetMap contributors")
-                             : QStringLiteral("Contains \u00A9Copernicus Sentinel data 2016"));
-    attribution->setVisible(online);
+    const QString credit = MapThemeChoice::attribution(m.mapThemeId());
+    attribution->setText(credit);
+    attribution->setVisible(!credit.isEmpty());
     placeOverlays();
     update();
 }
@@ -462,6 +439,10 @@ void MarbleMapView::showAddress(const QString& text) {
         search = new AddressSearch(marbleModel.get(), this);
         connect(search, &AddressSearch::found, this, [this](double latitude, double longitude) {
             setCenterCoordinate(MapCoordinate{latitude, longitude});
+        });
+        connect(search, &AddressSearch::notFound, this, [this] {
+            if (events.addressNotFound)
+                events.addressNotFound();
         });
     }
     search->find(text);

@@ -50,6 +50,8 @@ public:
         std::function<bool(PopupMenuItem& base, int x, int y)> constructContextualMenu;
         std::function<bool(const PopupMenuItem& item)> contextualMenuAction;
         std::function<void()> regionChanged;
+        // The text given to showAddress names no place.
+        std::function<void()> addressNotFound;
         // The pin of the location on show, drawn in its own colour.
         std::function<MapPinRef()> locationOnShow;
     };

@@ -1,0 +1,86 @@
+// The look each map type shows from the tile servers that answered and the imagery made here:
+// never a look whose tiles cannot come.
+
+#include "map/MapThemeChoice.h"
+#include "support/QStringPrinting.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <string>
+
+namespace {
+
+struct LookRow {
+    const char* name;
+    int mapType;
+    MapThemeChoice::Sources sources;
+    const char* theme;
+    bool credited; // the look is online and shows its source's credit
+};
+
+void PrintTo(const LookRow& row, std::ostream* os) {
+    *os << row.name;
+}
+
+const char* const plain = "earth/plain/plain.dgml";
+
+const LookRow lookRows[] = {
+    {"StandardOffline", 0, {false, true, true}, plain, false},
+    {"StandardOnline", 0, {true, false, false}, "earth/openstreetmap/openstreetmap.dgml", true},
+    {"SatelliteNothingYet", 1, {true, false, false}, plain, false},
+    {"SatelliteImageryMade",
+     1,
+     {true, false, true},
+     "earth/geoquill-satellite/geoquill-satellite.dgml",
+     false},
+    {"SatelliteOnlineBeforeImagery",
+     1,
+     {false, true, false},
+     "earth/geoquill-satellite-online/geoquill-satellite-online.dgml",
+     true},
+    {"SatelliteOnlineOverImagery",
+     1,
+     {false, true, true},
+     "earth/geoquill-satellite-online/geoquill-satellite-online.dgml",
+     true},
+    {"HybridNothingYet", 2, {true, false, false}, plain, false},
+    {"HybridImageryMade",
+     2,
+     {false, false, true},
+     "earth/geoquill-hybrid/geoquill-hybrid.dgml",
+     false},
+    {"HybridOnline",
+     2,
+     {false, true, false},
+     "earth/geoquill-hybrid-online/geoquill-hybrid-online.dgml",
+     true},
+    {"UnknownTypeIsStandard",
+     7,
+     {true, true, true},
+     "earth/openstreetmap/openstreetmap.dgml",
+     true},
+    {"NegativeTypeIsStandard", -1, {false, true, true}, plain, false},
+};
+
+class Look : public testing::TestWithParam<LookRow> {};
+
+TEST_P(Look, ThemeAndCredit) {
+    const QString theme = MapThemeChoice::themeFor(GetParam().mapType, GetParam().sources);
+    EXPECT_EQ(theme, QString::fromLatin1(GetParam().theme));
+    EXPECT_EQ(!MapThemeChoice::attribution(theme).isEmpty(), GetParam().credited);
+}
+
+INSTANTIATE_TEST_SUITE_P(Map, Look, testing::ValuesIn(lookRows),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST(Look, CreditNamesTheSource) {
+    EXPECT_TRUE(
+        MapThemeChoice::attribution(QStringLiteral("earth/openstreetmap/openstreetmap.dgml"))
+            .contains(QLatin1String("OpenStreetMap")));
+    EXPECT_TRUE(MapThemeChoice::attribution(
+                    QStringLiteral("earth/geoquill-hybrid-online/geoquill-hybrid-online.dgml"))
+                    .contains(QLatin1String("Sentinel")));
+}
+
+} // namespace
