@@ -243,43 +243,65 @@ private slots:
     void init() { model->setWorkOffline(true); }
     void cleanupTestCase() { model.reset(); }
 
-    void findsLoadedPlace_data() {
+    // One find, offline or online, against the stand-in: what it answers and what it asked.
+    void findAnswers_data() {
+        QTest::addColumn<bool>("online");
         QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("status"); // the stand-in's answer to the text
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<bool>("found");
         QTest::addColumn<double>("latitude");
         QTest::addColumn<double>("longitude");
+        QTest::addColumn<int>("asked"); // requests that reached the stand-in
+        const QByteArray none("[]");
         // Paris, France (Hotel de Ville), not Paris, Texas at 33.7 N, 95.6 W: Marble's places
-        // carry their populations.
-        QTest::newRow("Paris") << "Paris" << 48.857 << 2.351;
+        // carry their populations. A loaded place needs no request, even online.
+        QTest::newRow("loaded") << false << "Paris" << 200 << none << true << 48.857 << 2.351 << 0;
+        QTest::newRow("loaded, online")
+            << true << "Paris" << 200 << none << true << 48.857 << 2.351 << 0;
         // Sydney, New South Wales, not Sydney, Nova Scotia at 46.1 N, 60.2 W.
-        QTest::newRow("case and spaces") << "  sYDNEY " << -33.87 << 151.21;
+        QTest::newRow("case and spaces")
+            << false << "  sYDNEY " << 200 << none << true << -33.87 << 151.21 << 0;
+        QTest::newRow("nonsense offline")
+            << false << "Zzqxv Qwv" << 200 << none << false << 0.0 << 0.0 << 0;
+        QTest::newRow("blank, online") << true << "   " << 200 << none << false << 0.0 << 0.0 << 0;
+        // Read and ranked as NominatimReply and PlaceMatch do: the populous one.
+        QTest::newRow("online, '&' and '+' sent encoded")
+            << true << "Quillfield & Sons + Co" << 200
+            << QByteArray(R"([{"lat":"52.1","lon":"-1.2","extratags":{"population":"48 000"}},
+                {"lat":"-37.8136","lon":"144.9631","extratags":{"population":"1,250,000"}}])")
+            << true << -37.8136 << 144.9631 << 1;
+        // A server error is no answer, whatever its body holds.
+        QTest::newRow("online, server error")
+            << true << "Trouble Street" << 500 << QByteArray(R"([{"lat":"1","lon":"1"}])") << false
+            << 0.0 << 0.0 << 1;
     }
-    void findsLoadedPlace() {
+    void findAnswers() {
+        QFETCH(bool, online);
         QFETCH(QString, text);
+        QFETCH(int, status);
+        QFETCH(QByteArray, body);
+        QFETCH(bool, found);
         QFETCH(double, latitude);
         QFETCH(double, longitude);
-        AddressSearch search(model.get());
-        Answers answers(search);
-        search.find(text);
-        QTRY_COMPARE_WITH_TIMEOUT(answers.got.size(), 1, answerPatience);
-        QVERIFY2(answers.near(0, latitude, longitude), qPrintable(text));
-    }
-
-    void nonsenseIsNotFound_data() {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("nonsense") << "Zzqxv Qwv";
-        QTest::newRow("blank") << "   ";
-    }
-    void nonsenseIsNotFound() {
-        QFETCH(QString, text);
+        QFETCH(int, asked);
+        model->setWorkOffline(!online);
         FakeNominatim nominatim;
+        nominatim.answers.insert(text, {status, body});
         AddressSearch search(model.get());
         search.setOnlineService(nominatim.address());
         Answers answers(search);
         search.find(text);
         QTRY_COMPARE_WITH_TIMEOUT(answers.got.size(), 1, answerPatience);
-        QVERIFY(!answers.got[0]);
-        // Working offline, nothing was asked online.
-        QVERIFY(nominatim.asked.isEmpty());
+        QCOMPARE(bool(answers.got[0]), found);
+        if (found)
+            QVERIFY(answers.near(0, latitude, longitude));
+        QCOMPARE(nominatim.asked.size(), asked);
+        for (const FakeNominatim::Asked& request : nominatim.asked) {
+            QCOMPARE(request.text, text);
+            QCOMPARE(request.format, QStringLiteral("jsonv2"));
+            QVERIFY2(request.userAgent.startsWith("Geoquill"), request.userAgent.constData());
+        }
     }
 
     void newerFindSupersedesOlder_data() {
@@ -394,54 +416,6 @@ private slots:
         search.find(QStringLiteral("Skarvik Ferry"));
         QVERIFY(answeredWhileChanging());
         QVERIFY(answers.near(answers.got.size() - 1, 61.25, -7.5));
-    }
-
-    void asksNominatimForOtherNames() {
-        model->setWorkOffline(false);
-        FakeNominatim nominatim;
-        // Two candidates: the reply is read and ranked (NominatimReply, PlaceMatch).
-        nominatim.answers.insert(
-            QStringLiteral("Quillfield & Sons + Co"),
-            {200, R"([{"lat":"52.1","lon":"-1.2","extratags":{"population":"48 000"}},
-                      {"lat":"-37.8136","lon":"144.9631","extratags":{"population":"1,250,000"}}])"});
-        AddressSearch search(model.get());
-        search.setOnlineService(nominatim.address());
-        Answers answers(search);
-        search.find(QStringLiteral("Quillfield & Sons + Co"));
-        QTRY_COMPARE_WITH_TIMEOUT(answers.got.size(), 1, answerPatience);
-        QVERIFY(answers.near(0, -37.8136, 144.9631));
-        QCOMPARE(nominatim.asked.size(), 1);
-        QCOMPARE(nominatim.asked[0].text, QStringLiteral("Quillfield & Sons + Co"));
-        QCOMPARE(nominatim.asked[0].format, QStringLiteral("jsonv2"));
-        QVERIFY2(nominatim.asked[0].userAgent.startsWith("Geoquill"),
-                 nominatim.asked[0].userAgent.constData());
-    }
-
-    void loadedPlaceNeedsNoNominatim() {
-        model->setWorkOffline(false);
-        FakeNominatim nominatim;
-        AddressSearch search(model.get());
-        search.setOnlineService(nominatim.address());
-        Answers answers(search);
-        search.find(QStringLiteral("Paris"));
-        QTRY_COMPARE_WITH_TIMEOUT(answers.got.size(), 1, answerPatience);
-        QVERIFY(answers.near(0, 48.857, 2.351));
-        QVERIFY(nominatim.asked.isEmpty());
-    }
-
-    void nominatimErrorIsNotFound() {
-        // A reply that is no answer (its body is read as no places in NominatimReply's tests).
-        model->setWorkOffline(false);
-        FakeNominatim nominatim;
-        nominatim.answers.insert(QStringLiteral("Trouble Street"),
-                                 {500, R"([{"lat":"1","lon":"1"}])"});
-        AddressSearch search(model.get());
-        search.setOnlineService(nominatim.address());
-        Answers answers(search);
-        search.find(QStringLiteral("Trouble Street"));
-        QTRY_COMPARE_WITH_TIMEOUT(answers.got.size(), 1, answerPatience);
-        QVERIFY(!answers.got[0]);
-        QCOMPARE(nominatim.asked.size(), 1);
     }
 
     void nominatimGetsOnlyTheNewestText() {
@@ -561,19 +535,23 @@ private slots:
             QVERIFY2(names.contains(name), qPrintable(name + " among " + names.join(", ")));
     }
 
-    void aProviderThatGaveAFixIsKeptWhenItFails() {
+    void failingProviderDropsThePositionAndIsKept() {
         // Once a fix has come, a failure is the user's receiver going quiet, not a missing
-        // source: the next provider is not tried, and the position is dropped.
+        // source: the position is dropped and the next provider is not tried.
         FailingProvider failing;
         NmeaPositionProvider log(obeliscoLog);
         UserPosition user(model.get());
         user.useProviders({&failing, &log});
+        QSignalSpy changes(&user, &UserPosition::positionChanged);
         user.setTracking(true);
+        QCOMPARE(changes.count(), 1);
         QVERIFY(same(user.position(), MapCoordinate{51.4778, -0.0015}));
         auto* running =
             dynamic_cast<FailingProvider*>(model->positionTracking()->positionProviderPlugin());
         QVERIFY(running);
         running->fail();
+        QCOMPARE(changes.count(), 2);
+        QVERIFY(!user.position());
         // The switch to the next provider would be queued: let everything queued run.
         for (int round = 0; round < 2; ++round) {
             bool reached = false;
@@ -581,27 +559,7 @@ private slots:
             QTRY_VERIFY(reached);
         }
         QCOMPARE(model->positionTracking()->positionProviderPlugin(), running);
-        QVERIFY(!user.position());
-        user.setTracking(false);
-        QTRY_VERIFY_WITH_TIMEOUT(!model->positionTracking()->positionProviderPlugin(),
-                                 answerPatience);
-    }
-
-    void failingProviderDropsPosition() {
-        FailingProvider provider;
-        UserPosition user(model.get());
-        user.useProvider(&provider);
-        QSignalSpy changes(&user, &UserPosition::positionChanged);
-        user.setTracking(true);
-        QCOMPARE(changes.count(), 1);
-        QVERIFY(same(user.position(), MapCoordinate{51.4778, -0.0015}));
-
-        auto* running =
-            dynamic_cast<FailingProvider*>(model->positionTracking()->positionProviderPlugin());
-        QVERIFY(running);
-        running->fail();
         QCOMPARE(changes.count(), 2);
-        QVERIFY(!user.position());
         user.setTracking(false);
         QCOMPARE(changes.count(), 2);
         QTRY_VERIFY_WITH_TIMEOUT(!model->positionTracking()->positionProviderPlugin(),

@@ -319,24 +319,29 @@ private slots:
         QCOMPARE(controller().selectedLoc, std::int64_t(1));
     }
 
-    void showAllLocationsFitsEveryPin() {
-        recordThreePlaces();
+    void showAllFitsEveryPin_data() {
+        QTest::addColumn<QPolygonF>("pins"); // x longitude, y latitude (degrees)
+        QTest::addColumn<double>("leastZoom");
+        QTest::newRow("Paris, London, Rome")
+            << QPolygonF({{2.3522, 48.8566}, {-0.1278, 51.5074}, {12.4964, 41.9028}}) << 3.0;
+        // Either side of the 180th meridian: the map looks across it at a close zoom, not at
+        // the whole world between them.
+        QTest::newRow("across the 180th meridian")
+            << QPolygonF({{179.5, -17.0}, {-179.25, -17.0}, {178.75, -17.0}}) << 5.0;
+        // Close in, as far as the plain look allows.
+        QTest::newRow("one pin on the 180th meridian") << QPolygonF({{180, -17.0}}) << 9.0;
+        QTest::newRow("around the globe") << QPolygonF({{-150, 0}, {-30, 10}, {90, -10}}) << 0.0;
+    }
+    void showAllFitsEveryPin() {
+        QFETCH(QPolygonF, pins);
+        QFETCH(double, leastZoom);
+        std::vector<MapPinRef> shown;
+        for (const QPointF& at : pins)
+            shown.push_back(std::make_shared<MapPin>(MapPin{{at.y(), at.x()}, {}}));
+        map->showAnnotations(shown, false);
+        QVERIFY2(map->zoomLevel() >= leastZoom, qPrintable(QString::number(map->zoomLevel())));
         const QRect inside = map->rect().adjusted(10, 10, -10, -10);
-        for (const MapPinRef& pin : controller().Pins) {
-            const auto at = map->pointForCoordinate(pin->coordinate);
-            QVERIFY(at && inside.contains(at->toPoint()));
-        }
-        // Pins either side of the 180th meridian: the map looks across it at a close zoom,
-        // not at the whole world between them.
-        std::vector<MapPinRef> pacific;
-        for (double lon : {179.5, -179.25, 178.75}) {
-            auto pin = std::make_shared<MapPin>();
-            pin->coordinate = MapCoordinate{-17.0, lon};
-            pacific.push_back(pin);
-        }
-        map->showAnnotations(pacific, false);
-        QVERIFY2(map->zoomLevel() > 5, qPrintable(QString::number(map->zoomLevel())));
-        for (const MapPinRef& pin : pacific) {
+        for (const MapPinRef& pin : shown) {
             const auto at = map->pointForCoordinate(pin->coordinate);
             QVERIFY(at && inside.contains(at->toPoint()));
         }
