@@ -237,9 +237,7 @@ private slots:
         QCOMPARE(map->themeId(), QStringLiteral("earth/plain/plain.dgml"));
         QCOMPARE(map->map()->projection(), Marble::Mercator);
         QVERIFY(map->zoomInButton()->isVisible());
-    }
-
-    void pointerIsTheScopeWithItsHotSpot() {
+        // The pointer over the map is the controller's scope, with its hot spot.
         const MouseCursor& curs = controller().curs;
         QVERIFY(curs.isSet());
         QCOMPARE(map->cursor().shape(), Qt::BitmapCursor);
@@ -248,34 +246,13 @@ private slots:
                  window->pictures()->picture(curs.pictureName).size());
     }
 
-    void twoClickDistanceInAModalBox() {
-        chooseMenuItem("MapDistanceBetweenClickedPts");
-        QtMessageWindow* message = window->messageWindow();
-        QVERIFY(message->window() && message->window()->isVisible());
-        QCOMPARE(message->label()->text(),
-                 QStringLiteral("Click two points on the map to get the distance."));
-        QVERIFY(!map->isScrollEnabled());
-
-        const QPoint first(200, 150), second(560, 300);
-        const auto a = map->convertPointToCoordinate(first.x(), first.y());
-        const auto b = map->convertPointToCoordinate(second.x(), second.y());
-        QVERIFY(a && b);
-        click(first);
-        MessageBoxCatcher catcher;
-        click(second); // the second press measures, in a modal box
-        QTRY_COMPARE(catcher.caught, 1);
-        const QString expected = QStringLiteral("Distance = ") +
-                                 controller().unitFmt.stringFromDistance(geodesicMetres(*a, *b));
-        QCOMPARE(catcher.text, expected);
-        QVERIFY(!message->window()); // the instruction went when the measurement was made
-        QVERIFY(map->isScrollEnabled());
-    }
-
-    void cancelInTheMessageWindowEndsTheMeasurement() {
+    void twoClickDistanceWithItsFloatingWindow() {
         chooseMenuItem("MapDistanceBetweenClickedPts");
         QtMessageWindow* message = window->messageWindow();
         QWidget* floating = message->window();
-        QVERIFY(floating);
+        QVERIFY(floating && floating->isVisible());
+        QCOMPARE(message->label()->text(),
+                 QStringLiteral("Click two points on the map to get the distance."));
         QCOMPARE(floating->windowTitle(), QStringLiteral("Message"));
         QVERIFY(floating->windowFlags() & Qt::Tool);
         QVERIFY(!floating->isModal());
@@ -285,13 +262,28 @@ private slots:
         QCOMPARE(message->servedWindow(), &controller());
         // Inside the top right corner of the main window, 10 pixels in.
         QCOMPARE(floating->x(), window->frameGeometry().right() + 1 - 286 - 10);
+        QVERIFY(!map->isScrollEnabled());
 
-        click(QPoint(300, 200)); // one point of two
+        // Cancel after one point of two ends the measurement.
+        click(QPoint(300, 200));
         QCOMPARE(controller().mpt.size(), std::size_t(1));
         QTest::mouseClick(message->cancelButton(), Qt::LeftButton);
         QVERIFY(!controller().gettingDist2Points);
-        QVERIFY(controller().mpt.empty());
         QVERIFY(!message->window());
+
+        chooseMenuItem("MapDistanceBetweenClickedPts");
+        const QPoint first(200, 150), second(560, 300);
+        const auto a = map->convertPointToCoordinate(first.x(), first.y());
+        const auto b = map->convertPointToCoordinate(second.x(), second.y());
+        QVERIFY(a && b);
+        click(first);
+        MessageBoxCatcher catcher;
+        click(second); // the second press measures, in a modal box
+        QTRY_COMPARE(catcher.caught, 1);
+        QCOMPARE(catcher.text, QStringLiteral("Distance = ") +
+                                   controller().unitFmt.stringFromDistance(geodesicMetres(*a, *b)));
+        QVERIFY(!message->window()); // the instruction went when the measurement was made
+        QVERIFY(map->isScrollEnabled());
     }
 
     void clickingAPinBringsItsLocationToTheForm() {
