@@ -74,13 +74,4 @@ TEST_P(Look, ThemeAndCredit) {
 INSTANTIATE_TEST_SUITE_P(Map, Look, testing::ValuesIn(lookRows),
                          [](const auto& info) { return std::string(info.param.name); });
 
-TEST(Look, CreditNamesTheSource) {
-    EXPECT_TRUE(
-        MapThemeChoice::attribution(QStringLiteral("earth/openstreetmap/openstreetmap.dgml"))
-            .contains(QLatin1String("OpenStreetMap")));
-    EXPECT_TRUE(MapThemeChoice::attribution(
-                    QStringLiteral("earth/geoquill-hybrid-online/geoquill-hybrid-online.dgml"))
-                    .contains(QLatin1String("Sentinel")));
-}
-
 } // namespace

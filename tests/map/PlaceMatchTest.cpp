@@ -1,11 +1,10 @@
 // Which loaded places a typed name means, which candidate wins, and OpenStreetMap's population
-// tags as people write them.
+// tags as people write them. What counts as on the earth is read through NominatimReply.
 
 #include "map/PlaceMatch.h"
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <ostream>
 #include <string>
 
@@ -121,15 +120,5 @@ TEST_P(Tag, Population) {
 
 INSTANTIATE_TEST_SUITE_P(Map, Tag, testing::ValuesIn(tagRows),
                          [](const auto& info) { return std::string(info.param.name); });
-
-TEST(Place, OnEarthUpToTheEdges) {
-    constexpr double inf = std::numeric_limits<double>::infinity();
-    EXPECT_TRUE(PlaceMatch::onEarth(90, 180));
-    EXPECT_TRUE(PlaceMatch::onEarth(-90, -180));
-    EXPECT_FALSE(PlaceMatch::onEarth(90.000001, 0));
-    EXPECT_FALSE(PlaceMatch::onEarth(0, -180.000001));
-    EXPECT_FALSE(PlaceMatch::onEarth(std::numeric_limits<double>::quiet_NaN(), 0));
-    EXPECT_FALSE(PlaceMatch::onEarth(0, inf));
-}
 
 } // namespace
