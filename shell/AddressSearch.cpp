@@ -111,9 +111,9 @@ void AddressSearch::copyPlaces(const Marble::GeoDataContainer& container,
 }
 
 // Runs on the worker thread, on a copy no other thread changes.
-QVector<AddressSearch::Place> AddressSearch::placesNamed(const QVector<LoadedPlace>& places,
-                                                         const QString& text) {
-    QVector<Place> named;
+QVector<FoundPlace> AddressSearch::placesNamed(const QVector<LoadedPlace>& places,
+                                               const QString& text) {
+    QVector<FoundPlace> named;
     for (const LoadedPlace& loaded : places) {
         if (PlaceMatch::namesPlace(loaded.name, text)) {
             named.append(loaded.place);
@@ -126,13 +126,13 @@ void AddressSearch::startOffline() {
     offlineRunning = true;
     const Request request = latest;
     worker.start([this, request, places = loadedPlaces()] {
-        const QVector<Place> named = placesNamed(*places, request.text);
+        const QVector<FoundPlace> named = placesNamed(*places, request.text);
         QMetaObject::invokeMethod(
             this, [this, request, named] { offlineDone(request, named); }, Qt::QueuedConnection);
     });
 }
 
-void AddressSearch::offlineDone(const Request& request, const QVector<Place>& places) {
+void AddressSearch::offlineDone(const Request& request, const QVector<FoundPlace>& places) {
     offlineRunning = false;
     if (request.serial != latest.serial) {
         startOffline();

@@ -53,8 +53,6 @@ public:
     // their own). At most one request a second goes there, the newest text waiting its turn.
     void setOnlineService(const QUrl& searchAddress);
 
-    using Place = FoundPlace;
-
 signals:
     void found(double latitude, double longitude); // degrees
     void notFound();
@@ -69,15 +67,15 @@ private:
     // thread that changes them, which adds and drops places as files load and the user moves.
     struct LoadedPlace {
         QString name;
-        Place place;
+        FoundPlace place;
     };
     using LoadedPlaces = std::shared_ptr<const QVector<LoadedPlace>>;
 
     LoadedPlaces loadedPlaces();
     static void copyPlaces(const Marble::GeoDataContainer& container, QVector<LoadedPlace>& places);
-    static QVector<Place> placesNamed(const QVector<LoadedPlace>& places, const QString& text);
+    static QVector<FoundPlace> placesNamed(const QVector<LoadedPlace>& places, const QString& text);
     void startOffline();
-    void offlineDone(const Request& request, const QVector<Place>& places);
+    void offlineDone(const Request& request, const QVector<FoundPlace>& places);
     void askOnline(const Request& request);
     void sendOnline();
     void onlineDone(QNetworkReply* reply, const Request& request);
