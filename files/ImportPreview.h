@@ -40,7 +40,7 @@ public:
     // "80,80,80": the widths of the first columns (pixels); the last column takes the rest.
     // Set while filling: a view takes them when the fill ends.
     QString columnWidths() const { return widths; }
-    void setColumnWidths(const QString& text) { widths = text; }
+    void setColumnWidths(const QString& widthsText) { widths = widthsText; }
 
     // --- QAbstractTableModel -------------------------------------------------------------------
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;

@@ -19,7 +19,7 @@ namespace {
 // gets its two messages once, not a million times.
 class MessagesOnce : public MessageBox {
 public:
-    explicit MessagesOnce(MessageBox& target) : target(target) {}
+    explicit MessagesOnce(MessageBox& shownBy) : target(shownBy) {}
     void show(const QString& text) override {
         if (shown.contains(text))
             return;

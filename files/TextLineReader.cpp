@@ -15,8 +15,8 @@ bool startsWith(const char* data, std::int64_t size, const char* bom, int bomSiz
 
 } // namespace
 
-TextLineReader::TextLineReader(QIODevice& device, Encoding encoding)
-    : device(device), enc(encoding), chunk(chunkSize) {}
+TextLineReader::TextLineReader(QIODevice& source, Encoding encoding)
+    : device(source), enc(encoding), chunk(chunkSize) {}
 
 TextLineReader::~TextLineReader() = default;
 

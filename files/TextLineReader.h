@@ -29,7 +29,7 @@ public:
     enum class Encoding { Sniff, Utf8, Latin1, Utf16LE, Utf16BE };
 
     // Reads from the device's current position, which should be the start of the text.
-    TextLineReader(QIODevice& device, Encoding encoding);
+    TextLineReader(QIODevice& source, Encoding encoding);
     ~TextLineReader();
     TextLineReader(const TextLineReader&) = delete;
     TextLineReader& operator=(const TextLineReader&) = delete;

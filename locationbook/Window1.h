@@ -102,9 +102,10 @@ public:
     void TabPanel1_Change();
 
     // --- Writing and reading the notations ---------------------------------------------------
-    QString formatDD(double lon, double lat) const;
-    QString formatDMS(double lon, double lat) const;
-    QString formatUTM(double lon, double lat) const;
+    // The field texts of a position: longitude, latitude (degrees).
+    QString formatDD(double longitude, double latitude) const;
+    QString formatDMS(double longitude, double latitude) const;
+    QString formatUTM(double longitude, double latitude) const;
     QString DMSfromAngle(double angle) const;
     void parseDD();
     void parseDMS();
@@ -181,9 +182,9 @@ public:
     void SegmentedControl1_Action(int index);
     void TimerUserLocation_Action();
     // A location labelled by its numbers, in the order of the order buttons: "45.5°, 9.25°".
-    QString coordinateText(double lat, double lon) const;
+    QString coordinateText(double latitude, double longitude) const;
 
-    void LoadMap(double lat, double lon);
+    void LoadMap(double latitude, double longitude);
     void SetMapType(int type);
     void makePinsFromLocations();
     void searchAddress();

@@ -12,7 +12,7 @@ namespace {
 // Restores a flag to the value it had when the scope began, whatever the callers held.
 class FlagRestorer {
 public:
-    explicit FlagRestorer(bool& flag) : flag(flag), saved(flag) {}
+    explicit FlagRestorer(bool& restored) : flag(restored), saved(restored) {}
     ~FlagRestorer() { flag = saved; }
     FlagRestorer(const FlagRestorer&) = delete;
     FlagRestorer& operator=(const FlagRestorer&) = delete;

@@ -25,10 +25,10 @@ void Window1::Map_Open(MapView* view) {
     }
 }
 
-void Window1::LoadMap(double lat, double lon) {
+void Window1::LoadMap(double latitude, double longitude) {
     if (!mapview)
         return;
-    mapview->setCenterCoordinate(MapCoordinate{lat, lon});
+    mapview->setCenterCoordinate(MapCoordinate{latitude, longitude});
     mapview->setZoomLevel(8.0);
 }
 
@@ -65,8 +65,8 @@ void Window1::Map_addressNotFound() {
         setSearchButton(SearchButtonStates::findAddress(), true);
 }
 
-QString Window1::coordinateText(double lat, double lon) const {
-    return ::coordinateText(lat, lon, latitudeFirst());
+QString Window1::coordinateText(double latitude, double longitude) const {
+    return ::coordinateText(latitude, longitude, latitudeFirst());
 }
 
 std::optional<MapCoordinate> Window1::coordinateAt(std::int64_t x, std::int64_t y) const {

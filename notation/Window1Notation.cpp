@@ -14,20 +14,20 @@ constexpr int returnKey = 13;
 
 } // namespace
 
-QString Window1::formatDD(double lon, double lat) const {
-    return ::formatDD(lon, lat, *this, latitudeFirst(), numberLocale);
+QString Window1::formatDD(double longitude, double latitude) const {
+    return ::formatDD(longitude, latitude, *this, latitudeFirst(), numberLocale);
 }
 
-QString Window1::formatDMS(double lon, double lat) const {
-    return ::formatDMS(lon, lat, *this, latitudeFirst(), numberLocale);
+QString Window1::formatDMS(double longitude, double latitude) const {
+    return ::formatDMS(longitude, latitude, *this, latitudeFirst(), numberLocale);
 }
 
-QString Window1::formatUTM(double lon, double lat) const {
+QString Window1::formatUTM(double longitude, double latitude) const {
     // Before any location is entered there is no position to project; like the other two
     // notations with both values missing, the field shows the separator alone.
-    if (lon <= missingCoordinate || lat <= missingCoordinate)
+    if (longitude <= missingCoordinate || latitude <= missingCoordinate)
         return UTMseparator;
-    return ::formatUTM(lon, lat, *this, numberLocale);
+    return ::formatUTM(longitude, latitude, *this, numberLocale);
 }
 
 QString Window1::DMSfromAngle(double angle) const {

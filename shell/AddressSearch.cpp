@@ -35,8 +35,8 @@ QByteArray userAgent() {
 
 } // namespace
 
-AddressSearch::AddressSearch(Marble::MarbleModel* model, QObject* parent)
-    : QObject(parent), model(model), onlineService(nominatimSearch) {
+AddressSearch::AddressSearch(Marble::MarbleModel* places, QObject* parent)
+    : QObject(parent), model(places), onlineService(nominatimSearch) {
     // One look-up among the places at a time: a newer text waits for it and older ones drop.
     worker.setMaxThreadCount(1);
     // Every place the map holds is in its tree, whose changes (files loaded or closed with a

@@ -23,8 +23,8 @@ std::uint32_t toColourWord(const QColor& colour) {
 // A painter limited to one cell, in the cell's own coordinates.
 class CellGraphics : public GraphicsView {
 public:
-    CellGraphics(QPainter* painter, const QRect& cell, const QColor& initial)
-        : painter(painter), cell(cell), colour(toColourWord(initial)) {}
+    CellGraphics(QPainter* cellPainter, const QRect& area, const QColor& initial)
+        : painter(cellPainter), cell(area), colour(toColourWord(initial)) {}
     std::uint32_t foreColor() const override { return colour; }
     void setForeColor(std::uint32_t word) override { colour = word; }
     int width() const override { return cell.width(); }
@@ -58,8 +58,8 @@ void BatchCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
     QStyledItemDelegate::paint(painter, option, index);
 }
 
-BatchTableView::BatchTableView(BatchTable* table, Events events, QWidget* parent)
-    : QTableView(parent), batchTable(table), events(std::move(events)) {
+BatchTableView::BatchTableView(BatchTable* table, Events windowEvents, QWidget* parent)
+    : QTableView(parent), batchTable(table), events(std::move(windowEvents)) {
     setModel(table);
     setSelectionModel(table->selectionModel());
     setItemDelegate(new BatchCellDelegate(this->events.cellBackgroundPaint, this));

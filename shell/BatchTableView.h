@@ -21,7 +21,7 @@ public:
         std::function<bool(GraphicsView& g, int row, int column)> cellBackgroundPaint;
     };
 
-    BatchTableView(BatchTable* table, Events events, QWidget* parent = nullptr);
+    BatchTableView(BatchTable* table, Events windowEvents, QWidget* parent = nullptr);
 
     BatchTable* table() const { return batchTable; }
     // Sorts as a click on the header of that column does: ascending first, then each further
@@ -44,8 +44,8 @@ private:
 // then the cell's own content.
 class BatchCellDelegate : public QStyledItemDelegate {
 public:
-    BatchCellDelegate(std::function<bool(GraphicsView&, int, int)> paintEvent, QObject* parent)
-        : QStyledItemDelegate(parent), paintEvent(std::move(paintEvent)) {}
+    BatchCellDelegate(std::function<bool(GraphicsView&, int, int)> backgroundPaint, QObject* parent)
+        : QStyledItemDelegate(parent), paintEvent(std::move(backgroundPaint)) {}
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
 

@@ -100,12 +100,12 @@ QtProgressView::~QtProgressView() {
     delete progress;
 }
 
-void QtProgressView::begin(const QString& caption, std::int64_t maximum) {
+void QtProgressView::begin(const QString& caption, std::int64_t work) {
     delete progress;
-    this->maximum = std::max<std::int64_t>(maximum, 0);
+    maximum = std::max<std::int64_t>(work, 0);
     shown = -1;
     progress = new QProgressDialog(caption, QStringLiteral("Cancel"), 0,
-                                   this->maximum > 0 ? progressSteps : 0, window);
+                                   maximum > 0 ? progressSteps : 0, window);
     progress->setObjectName(QStringLiteral("ProgressView"));
     progress->setWindowModality(Qt::WindowModal);
     progress->setAutoClose(false);

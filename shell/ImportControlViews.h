@@ -21,7 +21,7 @@ bool shownWithItsWindow(const QWidget* control);
 
 class ComboBoxMenuView : public PopupMenuView {
 public:
-    explicit ComboBoxMenuView(QComboBox* combo) : combo(combo) {}
+    explicit ComboBoxMenuView(QComboBox* control) : combo(control) {}
     void addRow(const QString& text) override;
     int rowCount() const override;
     QString rowTextAt(int row) const override;
@@ -37,7 +37,7 @@ private:
 // Segments as checkable buttons of one exclusive group; each button's id is its index.
 class ButtonGroupSegmentsView : public SegmentedButtonView {
 public:
-    explicit ButtonGroupSegmentsView(QButtonGroup* group) : group(group) {}
+    explicit ButtonGroupSegmentsView(QButtonGroup* segments) : group(segments) {}
     int selectedSegmentIndex() const override;
 
 private:
@@ -46,7 +46,7 @@ private:
 
 class QtCheckBoxView : public CheckBoxView {
 public:
-    explicit QtCheckBoxView(QCheckBox* box) : box(box) {}
+    explicit QtCheckBoxView(QCheckBox* control) : box(control) {}
     bool value() const override;
     void setValue(bool ticked) override;
     bool isVisible() const override;
@@ -60,8 +60,8 @@ private:
 class LabelCaptionView : public CaptionView {
 public:
     // designFont: the size the window's labels share; room: the label's design width (pixels).
-    LabelCaptionView(QLabel* label, const QFont& designFont, int room)
-        : label(label), designFont(designFont), room(room) {}
+    LabelCaptionView(QLabel* control, const QFont& font, int width)
+        : label(control), designFont(font), room(width) {}
     QString text() const override;
     void setText(const QString& text) override;
     bool isVisible() const override;
@@ -78,7 +78,7 @@ private:
 // a reading that reports every line is not slowed down by the screen.
 class QtProgressView : public ProgressView {
 public:
-    explicit QtProgressView(QWidget* window) : window(window) {}
+    explicit QtProgressView(QWidget* owner) : window(owner) {}
     ~QtProgressView() override;
     void begin(const QString& caption, std::int64_t maximum) override;
     bool advance(std::int64_t value) override;
@@ -98,8 +98,8 @@ private:
 // close from the user's.
 class DialogCloser : public ClosableWindowView {
 public:
-    DialogCloser(QWidget* window, std::function<void()> onClose)
-        : window(window), onClose(std::move(onClose)) {}
+    DialogCloser(QWidget* dialog, std::function<void()> beforeClose)
+        : window(dialog), onClose(std::move(beforeClose)) {}
     void close() override;
 
 private:
@@ -110,7 +110,7 @@ private:
 // The standard file dialogs over a window. Text files are offered by their usual endings.
 class QtFileDialogs : public FileDialogsView {
 public:
-    explicit QtFileDialogs(QWidget* parent) : parent(parent) {}
+    explicit QtFileDialogs(QWidget* owner) : parent(owner) {}
     QString getOpenFolderItem(const QString& mimeFilter) override;
     QString showSaveFileDialog(const QString& mimeFilter, const QString& defaultName) override;
 

@@ -14,8 +14,7 @@ class LockedLayout {
 public:
     enum Lock { Left = 1, Top = 2, Right = 4, Bottom = 8 };
 
-    explicit LockedLayout(QWidget* window, QSize designSize)
-        : window(window), designSize(designSize) {}
+    explicit LockedLayout(QWidget* form, QSize size) : window(form), designSize(size) {}
 
     // designRect is in window coordinates at the design size.
     void add(QWidget* control, QRect designRect, int locks);

@@ -81,8 +81,8 @@ void addMenuEntries(QMenu& menu, const PopupMenuItem& item,
 
 } // namespace
 
-MarbleMapView::MarbleMapView(ResourcePictures* pictures, QWidget* parent)
-    : QWidget(parent), pictures(pictures) {
+MarbleMapView::MarbleMapView(ResourcePictures* namedPictures, QWidget* parent)
+    : QWidget(parent), pictures(namedPictures) {
     MapThemes::prepare();
     marbleModel = std::make_unique<Marble::MarbleModel>();
     // Offline until a tile server has answered: the map shows at once, from local data.

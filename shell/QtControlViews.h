@@ -18,7 +18,7 @@
 
 class LineEditView : public TextFieldView {
 public:
-    explicit LineEditView(QLineEdit* edit) : edit(edit) {}
+    explicit LineEditView(QLineEdit* field) : edit(field) {}
     QString text() const override;
     void setText(const QString& text) override;
     void setFocus() override;
@@ -30,7 +30,7 @@ private:
 
 class QtPushButtonView : public PushButtonView {
 public:
-    explicit QtPushButtonView(QPushButton* button) : button(button) {}
+    explicit QtPushButtonView(QPushButton* control) : button(control) {}
     QString caption() const override;
     void setCaption(const QString& caption) override;
     QString tooltip() const override;
@@ -45,7 +45,7 @@ private:
 
 class QtRadioButtonView : public RadioButtonView {
 public:
-    explicit QtRadioButtonView(QRadioButton* button) : button(button) {}
+    explicit QtRadioButtonView(QRadioButton* control) : button(control) {}
     bool value() const override;
     void setValue(bool on) override;
 
@@ -55,7 +55,7 @@ private:
 
 class ActionMenuItemView : public MenuItemView {
 public:
-    explicit ActionMenuItemView(QAction* action) : action(action) {}
+    explicit ActionMenuItemView(QAction* item) : action(item) {}
     QString text() const override;
     void setText(const QString& text) override;
     bool hasCheckMark() const override;
@@ -67,7 +67,7 @@ private:
 
 class QtTabPanelView : public TabPanelView {
 public:
-    explicit QtTabPanelView(QTabWidget* tabs) : tabs(tabs) {}
+    explicit QtTabPanelView(QTabWidget* panel) : tabs(panel) {}
     int selectedPanelIndex() const override;
     void setSelectedPanelIndex(int index) override;
 
@@ -78,7 +78,7 @@ private:
 // Modal message boxes over the main window.
 class QtMessageBox : public MessageBox {
 public:
-    explicit QtMessageBox(QWidget* parent) : parent(parent) {}
+    explicit QtMessageBox(QWidget* owner) : parent(owner) {}
     void show(const QString& text) override;
 
 private:
@@ -87,7 +87,7 @@ private:
 
 class QtMessageDialog : public MessageDialogView {
 public:
-    explicit QtMessageDialog(QWidget* parent) : parent(parent) {}
+    explicit QtMessageDialog(QWidget* owner) : parent(owner) {}
     Answer showModal(const Question& question) override;
 
 private:
@@ -96,7 +96,7 @@ private:
 
 class QtTimerView : public TimerView {
 public:
-    explicit QtTimerView(QTimer* timer) : timer(timer) {}
+    explicit QtTimerView(QTimer* control) : timer(control) {}
     int runMode() const override;
     void setRunMode(int mode) override;
 
@@ -107,7 +107,7 @@ private:
 // A widget's left edge, width and visibility in its parent's coordinates.
 template <class View> class PlacedWidget : public View {
 public:
-    explicit PlacedWidget(QWidget* widget) : widget(widget) {}
+    explicit PlacedWidget(QWidget* control) : widget(control) {}
     int left() const override { return widget ? widget->x() : 0; }
     void setLeft(int left) override {
         if (widget)
@@ -137,7 +137,7 @@ public:
 
 class QtWindowFrame : public WindowFrameView {
 public:
-    explicit QtWindowFrame(QWidget* window) : window(window) {}
+    explicit QtWindowFrame(QWidget* frame) : window(frame) {}
     int left() const override { return window ? window->frameGeometry().left() : 0; }
     int top() const override { return window ? window->frameGeometry().top() : 0; }
     int width() const override { return window ? window->frameGeometry().width() : 0; }

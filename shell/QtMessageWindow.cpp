@@ -8,7 +8,7 @@
 #include <QPushButton>
 #include <QWidget>
 
-QtMessageWindow::QtMessageWindow(QWidget* parent) : parent(parent) {}
+QtMessageWindow::QtMessageWindow(QWidget* owner) : parent(owner) {}
 
 QtMessageWindow::~QtMessageWindow() {
     delete frame.data();

@@ -16,9 +16,9 @@
 class ReadOutLabelView : public LabelView {
 public:
     // panel: the backing panel, kept in the label's geometry.
-    ReadOutLabelView(QLabel* label, QWidget* panel)
-        : label(label), panel(panel), givenLeft(label->x()), givenWidth(label->width()) {
-        label->setIndent(padding); // right-aligned: the room is kept at the right edge
+    ReadOutLabelView(QLabel* readOut, QWidget* backing)
+        : label(readOut), panel(backing), givenLeft(readOut->x()), givenWidth(readOut->width()) {
+        readOut->setIndent(padding); // right-aligned: the room is kept at the right edge
     }
 
     int left() const override { return givenLeft; }

@@ -10,18 +10,19 @@ QStringList UserPosition::systemProviderNames() {
     return {QStringLiteral("QtPositioning"), QStringLiteral("Gpsd")};
 }
 
-UserPosition::UserPosition(Marble::MarbleModel* model, QObject* parent)
-    : QObject(parent), model(model) {
+UserPosition::UserPosition(Marble::MarbleModel* mapModel, QObject* parent)
+    : QObject(parent), model(mapModel) {
     if (!model) {
         return;
     }
-    Marble::PositionTracking* tracking = model->positionTracking();
+    Marble::PositionTracking* marbleTracking = model->positionTracking();
     // Marble keeps every fix as a track to draw; only the latest is wanted here, and a track
     // kept all day would only grow.
-    tracking->setTrackVisible(false);
-    tracking->clearTrack();
-    connect(tracking, &Marble::PositionTracking::statusChanged, this, &UserPosition::takeStatus);
-    connect(tracking, &Marble::PositionTracking::gpsLocation, this,
+    marbleTracking->setTrackVisible(false);
+    marbleTracking->clearTrack();
+    connect(marbleTracking, &Marble::PositionTracking::statusChanged, this,
+            &UserPosition::takeStatus);
+    connect(marbleTracking, &Marble::PositionTracking::gpsLocation, this,
             [this](const Marble::GeoDataCoordinates& where, qreal) { takeLocation(where); });
 }
 

@@ -9,8 +9,8 @@
 
 #include <cmath>
 
-NmeaPositionProvider::NmeaPositionProvider(const QString& logPath, QObject* parent)
-    : PositionProviderPlugin(parent), logPath(logPath) {}
+NmeaPositionProvider::NmeaPositionProvider(const QString& log, QObject* parent)
+    : PositionProviderPlugin(parent), logPath(log) {}
 
 NmeaPositionProvider::~NmeaPositionProvider() = default;
 
