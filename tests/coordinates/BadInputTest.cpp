@@ -119,7 +119,7 @@ TEST_P(DMSWithoutValue, RecordAtTheOrigin) {
 }
 
 INSTANTIATE_TEST_SUITE_P(BadInput, DMSWithoutValue, testing::ValuesIn(noValueCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 struct ValueCase {
     const char* name;
@@ -185,7 +185,7 @@ TEST_P(DMSWithValue, ReadsWhatThePatternFinds) {
 }
 
 INSTANTIATE_TEST_SUITE_P(BadInput, DMSWithValue, testing::ValuesIn(valueCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 // ---------------------------------------------------------------------------------------------
 
@@ -237,7 +237,7 @@ TEST_P(UTMZoneText, ZoneOrBothMessages) {
 }
 
 INSTANTIATE_TEST_SUITE_P(BadInput, UTMZoneText, testing::ValuesIn(zoneTextCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 struct NonFiniteUTMCase {
     const char* name;
@@ -271,7 +271,7 @@ INSTANTIATE_TEST_SUITE_P(BadInput, UTMNonFinite,
                                                           std::numeric_limits<double>::quiet_NaN()},
                                          NonFiniteUTMCase{"infinite_easting", infinity, 4982950.4},
                                          NonFiniteUTMCase{"infinite_northing", 500000, -infinity}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 // ---------------------------------------------------------------------------------------------
 
@@ -323,6 +323,6 @@ TEST_P(NumberFromHostileText, ToInteger) {
 }
 
 INSTANTIATE_TEST_SUITE_P(BadInput, NumberFromHostileText, testing::ValuesIn(numberTextCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

@@ -244,7 +244,7 @@ TEST_P(FromDecimalDegrees, LeavesTheUsersFieldsAtTheirDefaults) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Builders, FromDecimalDegrees, testing::ValuesIn(ddCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 struct Quadrant {
     const char* name;
@@ -283,7 +283,7 @@ INSTANTIATE_TEST_SUITE_P(Builders, FromDecimalDegreesAnywhere,
                                          Quadrant{"north_west", -180, 0, 0, 90},
                                          Quadrant{"south_east", 0, 180, -90, 0},
                                          Quadrant{"south_west", -180, 0, -90, 0}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 // ---------------------------------------------------------------------------------------------
 
@@ -368,7 +368,7 @@ TEST_P(FromDMS, ReadsValuesAndKeepsPartsAsTyped) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Builders, FromDMS, testing::ValuesIn(dmsCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 struct QuoteCase {
     const char* name;
@@ -420,7 +420,7 @@ TEST_P(FromDMSWithCurlyQuotes, SameRecordAsPlainQuotes) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Builders, FromDMSWithCurlyQuotes, testing::ValuesIn(quoteCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 // ---------------------------------------------------------------------------------------------
 
@@ -484,7 +484,7 @@ TEST_P(FromUTM, LocationMatchesTheExactInverse) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Builders, FromUTM, testing::ValuesIn(utmCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST(Builders, MinusZoneAndSouthLetterGiveTheSameRecord) {
     RecordingMessageBox box;
@@ -552,6 +552,6 @@ TEST_P(FromUTMBadZone, BothMessagesAndLocationZero) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Builders, FromUTMBadZone, testing::ValuesIn(badZoneCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

@@ -61,7 +61,7 @@ INSTANTIATE_TEST_SUITE_P(
                     // The letter group took half of a surrogate pair.
                     NamedText{"letter_outside_the_basic_plane", "45 30 \xF0\x9F\x8C\x8D"},
                     NamedText{"empty", ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& row) { return std::string(row.param.name); });
 
 // Random texts over the characters the pattern cares about: every path of the backtracking
 // engine is reached many times.

@@ -119,7 +119,7 @@ TEST_P(PatternText, AppendKeepsWhatWasThere) {
 }
 
 INSTANTIATE_TEST_SUITE_P(NumberText, PatternText, testing::ValuesIn(patternCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 struct PatternShapeCase {
     const char* name;
@@ -156,7 +156,7 @@ TEST_P(PatternShape, DigitCountsOfThePattern) {
 }
 
 INSTANTIATE_TEST_SUITE_P(NumberText, PatternShape, testing::ValuesIn(patternShapes),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 struct NonFiniteCase {
     const char* name;
@@ -187,7 +187,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(NonFiniteCase{"nan", std::numeric_limits<double>::quiet_NaN()},
                     NonFiniteCase{"infinity", std::numeric_limits<double>::infinity()},
                     NonFiniteCase{"minus_infinity", -std::numeric_limits<double>::infinity()}),
-    [](const auto& info) { return std::string(info.param.name); });
+    [](const auto& row) { return std::string(row.param.name); });
 
 TEST(NumberText, LargestDoubleIsWrittenInFull) {
     const QString text =
@@ -256,7 +256,7 @@ TEST_P(ReadDouble, UnderCommaLocale) {
 }
 
 INSTANTIATE_TEST_SUITE_P(NumberText, ReadDouble, testing::ValuesIn(readCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 // What the writers produce reads back to the value, in both locales: the one promise between
 // the patterns and the leading-number rule that the entry fields depend on.
@@ -311,7 +311,7 @@ TEST_P(ReadLongDigits, RightMagnitude) {
 }
 
 INSTANTIATE_TEST_SUITE_P(NumberText, ReadLongDigits, testing::ValuesIn(longDigitCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 struct IntegerCase {
     const char* name;
@@ -348,7 +348,7 @@ TEST_P(ReadInteger, LeadingWholeNumber) {
 }
 
 INSTANTIATE_TEST_SUITE_P(NumberText, ReadInteger, testing::ValuesIn(integerCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 // ---------------------------------------------------------------------------------------------
 
@@ -397,6 +397,6 @@ TEST_P(AngleWriting, AppendKeepsWhatWasThere) {
 }
 
 INSTANTIATE_TEST_SUITE_P(NumberText, AngleWriting, testing::ValuesIn(angleCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

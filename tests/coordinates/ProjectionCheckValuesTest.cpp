@@ -49,7 +49,7 @@ TEST_P(ForwardCheckValues, MatchesPublishedValues) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Projection, ForwardCheckValues, testing::ValuesIn(forwardCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST(Projection, NorwayCellDoesNotComeBackThroughThePlainZone) {
     // The inverse knows the zone only, so a point of the cell returns on zone 31's meridian.
@@ -84,7 +84,7 @@ INSTANTIATE_TEST_SUITE_P(Projection, PolarSwitch,
                                          PolarSwitchCase{"lat_minus_80", -80.0, false},
                                          PolarSwitchCase{"lat_minus_80_minus", -80.0000001,
                                                          true}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 struct ZoneCase {
     const char* name;
@@ -118,7 +118,7 @@ INSTANTIATE_TEST_SUITE_P(Projection, InverseZone,
                                          ZoneCase{"negative_zone_is_south_sign_only", -32, true},
                                          ZoneCase{"huge_zone", -9223372036854775807LL - 1,
                                                   false}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST(Projection, BlankDatumWorksAsWGS84) {
     double e1 = 0, n1 = 0, e2 = 0, n2 = 0;

@@ -445,7 +445,7 @@ TEST_P(AgainstLiteralSeries, ForwardAgreesWithinAMicrometre) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Random, AgainstLiteralSeries, testing::ValuesIn(forwardDomains),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 struct InverseDomain {
     const char* name;
@@ -492,6 +492,6 @@ TEST_P(AgainstLiteralInverse, InverseAgreesWithinATrillionthOfADegree) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Random, AgainstLiteralInverse, testing::ValuesIn(inverseDomains),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

@@ -88,7 +88,7 @@ INSTANTIATE_TEST_SUITE_P(
         ScanCase{"noDelimiterAnywhere", "abc\ndef", 0, 0, "1/2"},
         ScanCase{"emptyTextIsOneEmptyLine", "", 0, 0, "1"},
         ScanCase{"nulIsACharacter", QByteArray("1\0a,2", 5), ',', 2, QByteArray("1|1\0a|2", 7)}),
-    [](const testing::TestParamInfo<ScanCase>& info) { return std::string(info.param.name); });
+    [](const testing::TestParamInfo<ScanCase>& row) { return std::string(row.param.name); });
 
 TEST_F(ImportTest, SixtyColumnsAreShownAndMoreTakeTheMessage) {
     for (const int n : {60, 61, 10000}) {

@@ -71,6 +71,6 @@ INSTANTIATE_TEST_SUITE_P(
                     // Most lines hold one box: their columns 7 and 8 are missing and read as 0.
                     RealFile{"tabCountrySecondBox", "country_lat_lon.txt", '\t', 1, 7, 8, 2, false},
                     RealFile{"blankRunsShiftJisNames", "geonet_F5.pos", ' ', 3, 2, 1, 5, true}),
-    [](const testing::TestParamInfo<RealFile>& info) { return std::string(info.param.name); });
+    [](const testing::TestParamInfo<RealFile>& row) { return std::string(row.param.name); });
 
 } // namespace

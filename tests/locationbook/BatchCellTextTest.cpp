@@ -96,7 +96,7 @@ TEST_P(BatchCell, TextOfOneCell) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, BatchCell, testing::ValuesIn(cellRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST(BatchCell, NumberColumnCountsFromOneAndLabelIsVerbatim) {
     const VertexRef v = vertexFromDD(9, 45);
@@ -285,7 +285,7 @@ TEST_P(ValOfCell, HeadNumber) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, ValOfCell, testing::ValuesIn(valRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST(ValOfCell, FollowsTheLocaleOfTheTable) {
     NumberLocale comma;

@@ -128,7 +128,7 @@ TEST_P(IgnoredClick, NothingHappens) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, IgnoredClick, testing::ValuesIn(ignoredClicks),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(RecordedTable, ClickBringsACopyOfTheRowToTheFormAndTheMap) {
     EXPECT_FALSE(w.BatchListbox_CellClick(1, 4, 3, 3));
@@ -187,7 +187,7 @@ TEST_P(ClickWithUnrecorded, AnswerDecides) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, ClickWithUnrecorded, testing::ValuesIn(promptRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 // --- Ticks and selection -------------------------------------------------------------------------
 
@@ -295,7 +295,7 @@ TEST_P(CompareTwoRows, ByTheNumberAtTheHead) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, CompareTwoRows, testing::ValuesIn(compareRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(RecordedTable, SortByHeaderThenClickReachesTheClickedLocation) {
     f.BatchListbox.sort(2, Qt::AscendingOrder); // latitude
@@ -377,6 +377,6 @@ TEST_P(Stripes, WholeCellFilled) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, Stripes, testing::ValuesIn(stripeRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

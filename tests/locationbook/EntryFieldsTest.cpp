@@ -192,7 +192,7 @@ TEST_P(EntryField, ClickingIntoTheFieldMarksItAsTheOneBeingEntered) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Window, EntryField, testing::ValuesIn(fieldRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 // --- Text unchanged since the field got the focus ----------------------------------------------
 
@@ -261,7 +261,7 @@ TEST_P(UnchangedText, FocusInAndOutWithoutTyping) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Window, UnchangedText, testing::ValuesIn(unchangedRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST(DecimalDegreesFocus, FocusLossRewritesInCanonicalFormWithoutArmingTheRecordButton) {
     FakeWindow f;
@@ -330,7 +330,7 @@ TEST_P(UnreadableWithoutLocation, FieldShowsTheSeparatorAlone) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Window, UnreadableWithoutLocation, testing::ValuesIn(noLocationRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 // --- A runaway pattern search ------------------------------------------------------------------
 
@@ -422,7 +422,7 @@ TEST_P(OrderButtonWhileEntering, FieldIsReadAgainUnderTheNewOrder) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Window, OrderButtonWhileEntering, testing::ValuesIn(reorderRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 // With no field being entered, the order buttons rewrite the location on show only when it is
 // a recorded row or an address find.

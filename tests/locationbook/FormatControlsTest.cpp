@@ -69,7 +69,7 @@ TEST_P(FormatButtonOpen, MenuFollowsTheSettings) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Format, FormatButtonOpen, testing::ValuesIn(buttonRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 // --- Show options ------------------------------------------------------------------------------
 
@@ -172,7 +172,7 @@ TEST_P(ShowOption, FromTheButton) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Format, ShowOption, testing::ValuesIn(showRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST(ShowOptionTable, EmptyListLeavesTheTableAloneAndRowsKeepTheirSelection) {
     FakeWindow f;
@@ -280,7 +280,7 @@ TEST_P(SeparatorChoice, MarksTellTheSeparator) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Format, SeparatorChoice, testing::ValuesIn(separatorRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 struct NotationSeparatorRow {
     const char* name;
@@ -314,6 +314,6 @@ TEST_P(NotationSeparator, TabReachesItsOwnField) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Format, NotationSeparator, testing::ValuesIn(notationSeparatorRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

@@ -128,7 +128,7 @@ TEST_P(FormatMenuAfterOpen, CheckMark) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Window, FormatMenuAfterOpen, testing::ValuesIn(formatMarks),
-                         [](const auto& info) { return std::string(info.param.item); });
+                         [](const auto& row) { return std::string(row.param.item); });
 
 struct UnitsRow {
     const char* name;
@@ -159,7 +159,7 @@ TEST_P(UnitsAfterOpen, MarkFollowsTheLocalesMeasureSystem) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Window, UnitsAfterOpen, testing::ValuesIn(unitsRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 // --- The question before an unrecorded location is dropped -------------------------------------
 
@@ -265,7 +265,7 @@ TEST_P(UnrecordedLocationQuestion, AnswerDecidesListAndDesk) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Window, UnrecordedLocationQuestion, testing::ValuesIn(answerRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 // --- Recording ---------------------------------------------------------------------------------
 
@@ -385,7 +385,7 @@ TEST_P(RemoveItemText, BeforeAMenuOpens) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Window, RemoveItemText, testing::ValuesIn(removeTextRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 constexpr int untouchedRow = 1; // the table's selection before the tab changes, if it has rows
 
@@ -439,7 +439,7 @@ TEST_P(TabChange, RowSelectionAndDistanceText) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Window, TabChange, testing::ValuesIn(tabRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 struct AppearanceRow {
     const char* name;
@@ -468,7 +468,7 @@ TEST_P(PanelColour, FollowsTheAppearanceWhenTheWindowActivates) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Window, PanelColour, testing::ValuesIn(appearanceRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 // --- Menu bindings -----------------------------------------------------------------------------
 
@@ -540,7 +540,7 @@ TEST_P(MenuBinding, ItemRunsItsOwnHandler) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Window, MenuBinding, testing::ValuesIn(menuBindings),
-                         [](const auto& info) { return std::string(info.param.item); });
+                         [](const auto& row) { return std::string(row.param.item); });
 
 struct UnboundRow {
     const char* name;
@@ -576,6 +576,6 @@ TEST_P(UnboundItem, IsNotCarriedOut) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Window, UnboundItem, testing::ValuesIn(unboundRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

@@ -66,6 +66,6 @@ TEST_P(AddressNotFound, LeavesTheLocationAndOffersToFindAgain) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Map, AddressNotFound, testing::ValuesIn(notFoundRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

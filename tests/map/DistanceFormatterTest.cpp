@@ -63,7 +63,7 @@ TEST_P(Distance, Text) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Map, Distance, testing::ValuesIn(distanceRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST(Distance, CommaLocale) {
     DistanceFormatter f;

@@ -413,7 +413,7 @@ TEST_P(SelectedPath, MeasuredAtOnceInTheOrderOfTheList) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Map, SelectedPath, testing::ValuesIn(pathRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(MapTest, OneSelectedRowOnTheTablePageStartsTheClickMode) {
     record(QStringLiteral("45 9"));

@@ -72,6 +72,6 @@ TEST_P(Look, ThemeAndCredit) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Map, Look, testing::ValuesIn(lookRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

@@ -61,6 +61,6 @@ TEST_P(Reply, Places) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Map, Reply, testing::ValuesIn(replyRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

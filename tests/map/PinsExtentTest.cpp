@@ -68,7 +68,7 @@ TEST_P(Extent, OfPins) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Map, Extent, testing::ValuesIn(extentRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST(Extent, NoFinitePinHasNone) {
     EXPECT_FALSE(PinsExtent::of({}));

@@ -44,7 +44,7 @@ TEST_P(Naming, NamesPlace) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Map, Naming, testing::ValuesIn(nameRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 struct BestRow {
     const char* name;
@@ -80,7 +80,7 @@ TEST_P(Ranking, Best) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Map, Ranking, testing::ValuesIn(bestRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 struct TagRow {
     const char* name;
@@ -119,6 +119,6 @@ TEST_P(Tag, Population) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Map, Tag, testing::ValuesIn(tagRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

@@ -186,7 +186,7 @@ TEST_P(FormatText, LongitudeFirst) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Notation, FormatText, testing::ValuesIn(formatCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 // A comma locale whose minus sign is U+2212, as some locales write it.
 NumberLocale commaLocaleWithTrueMinus() {
@@ -271,6 +271,6 @@ TEST_P(FormatTextInLocale, LocaleDecimalSeparatorAndMinusSign) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Notation, FormatTextInLocale, testing::ValuesIn(localeCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

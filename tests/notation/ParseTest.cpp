@@ -228,7 +228,7 @@ TEST_P(ReadUTM, MatchesReferenceInverse) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Notation, ReadUTM, testing::ValuesIn(utmCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 TEST(ReadUTMValues, OwnOutputGivesBackTheLocationsItWasWrittenFor) {
     // The text carries a tenth of a metre: about 1e-6 degree.
@@ -288,7 +288,7 @@ TEST_P(ReadUTMNothing, SilentlyLeftAlone) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Notation, ReadUTMNothing, testing::ValuesIn(utmUnreadCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 const UtmUnreadCase badZoneCases[] = {
     {"Zone62", "500000.0 E, 4982950.4 N 62"},       {"Zone62South", "500000.0 E, 4982950.4 N 62 S"},
@@ -309,7 +309,7 @@ TEST_P(ReadUTMBadZone, TwoMessagesAndNothingRead) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Notation, ReadUTMBadZone, testing::ValuesIn(badZoneCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 // --- Comma locales -----------------------------------------------------------------------------
 
@@ -363,7 +363,7 @@ TEST_P(ReadInCommaLocale, CommaIsDecimalSeparatorAndTrailingCommaIgnored) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Notation, ReadInCommaLocale, testing::ValuesIn(localeCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 struct UtmLocaleCase {
     const char* name;
@@ -397,6 +397,6 @@ TEST_P(ReadUTMInCommaLocale, SameAsWithPoints) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Notation, ReadUTMInCommaLocale, testing::ValuesIn(utmLocaleCases),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

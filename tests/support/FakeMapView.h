@@ -12,8 +12,8 @@ class FakeMapView : public MapView {
 public:
     int left() const override { return mapLeft; }
     int width() const override { return mapWidth; }
-    void setMouseCursor(const MouseCursor& cursor) override {
-        this->cursor = cursor;
+    void setMouseCursor(const MouseCursor& shown) override {
+        cursor = shown;
         ++cursorSets;
     }
     MapCoordinate centerCoordinate() const override { return centre; }

@@ -9,8 +9,8 @@
 
 #include <cmath>
 
-NmeaPositionProvider::NmeaPositionProvider(const QString& log, QObject* parent)
-    : PositionProviderPlugin(parent), logPath(log) {}
+NmeaPositionProvider::NmeaPositionProvider(const QString& recording, QObject* parent)
+    : PositionProviderPlugin(parent), logPath(recording) {}
 
 NmeaPositionProvider::~NmeaPositionProvider() = default;
 
