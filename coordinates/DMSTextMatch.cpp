@@ -5,7 +5,9 @@ namespace {
 bool isDigit(const QString& t, int i) {
     return i < t.size() && t[i].unicode() >= '0' && t[i].unicode() <= '9';
 }
-bool is(const QString& t, int i, char16_t c) { return i < t.size() && t[i].unicode() == c; }
+bool is(const QString& t, int i, char16_t c) {
+    return i < t.size() && t[i].unicode() == c;
+}
 
 int endOfDigits(const QString& t, int i) {
     while (isDigit(t, i))

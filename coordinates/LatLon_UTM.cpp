@@ -54,8 +54,8 @@ Ellipsoid prepareEllipsoid(const aDatum& datum) {
 double polarRadius(const Ellipsoid& el, double phi) {
     const double sinPhi = std::sin(phi);
     const double e = el.e;
-    const double t = std::sqrt((1 - sinPhi) / (1 + sinPhi) *
-                               std::pow((1 + e * sinPhi) / (1 - e * sinPhi), e));
+    const double t =
+        std::sqrt((1 - sinPhi) / (1 + sinPhi) * std::pow((1 + e * sinPhi) / (1 - e * sinPhi), e));
     const double d = std::sqrt(std::pow(1 + e, 1 + e) * std::pow(1 - e, 1 - e));
     return t * (a * 2 * polarK0) / d;
 }
@@ -237,15 +237,14 @@ void utm2ll(double easting, double northing, double& lon, double& lat, const Utm
     constexpr double inv6 = 1.0 / 6, inv24 = 1.0 / 24, inv120 = 1.0 / 120, inv720 = 1.0 / 720;
 
     const double phi =
-        phi1 - (N1overR1 * tanPhi1) *
-                   (D2 / 2 - (5 + 3 * T1 + 10 * C1 - 4 * C1 * C1 - 9 * ep2) * D4 * inv24 +
-                    (61 + 90 * T1 + 298 * C1 + 45 * T1 * T1 - 252 * ep2 - 3 * C1 * C1) * D4 *
-                        D2 * inv720);
-    const double lambda =
-        lambda0 +
-        (D - (1 + 2 * T1 + C1) * D3 * inv6 +
-         (5 - 2 * C1 + 28 * T1 - 3 * C1 * C1 + 8 * ep2 + 24 * T1 * T1) * D3 * D2 * inv120) *
-            secPhi1;
+        phi1 -
+        (N1overR1 * tanPhi1) *
+            (D2 / 2 - (5 + 3 * T1 + 10 * C1 - 4 * C1 * C1 - 9 * ep2) * D4 * inv24 +
+             (61 + 90 * T1 + 298 * C1 + 45 * T1 * T1 - 252 * ep2 - 3 * C1 * C1) * D4 * D2 * inv720);
+    const double lambda = lambda0 + (D - (1 + 2 * T1 + C1) * D3 * inv6 +
+                                     (5 - 2 * C1 + 28 * T1 - 3 * C1 * C1 + 8 * ep2 + 24 * T1 * T1) *
+                                         D3 * D2 * inv120) *
+                                        secPhi1;
 
     constexpr double degreesPerRadianOut = 180 / piOut;
     lat = phi * degreesPerRadianOut;

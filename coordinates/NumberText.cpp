@@ -63,7 +63,9 @@ QString formatNumber(double value, const NumberPattern& pattern, const NumberLoc
 
 namespace {
 
-bool isAsciiDigit(QChar c) { return c.unicode() >= '0' && c.unicode() <= '9'; }
+bool isAsciiDigit(QChar c) {
+    return c.unicode() >= '0' && c.unicode() <= '9';
+}
 
 // Position after leading blanks and tabs.
 int skipBlanks(QStringView text) {
@@ -114,8 +116,8 @@ double ToDouble(QStringView text, const NumberLocale& locale) {
     std::string number = "0"; // so that ".5" reads as 0.5
     readDigits(text, i, number);
     const bool hasPoint =
-        i < text.size() && (text[i] == QLatin1Char('.') ||
-                            (locale.commaIsDecimal() && text[i] == QLatin1Char(',')));
+        i < text.size() &&
+        (text[i] == QLatin1Char('.') || (locale.commaIsDecimal() && text[i] == QLatin1Char(',')));
     if (hasPoint) {
         ++i;
         number += '.';

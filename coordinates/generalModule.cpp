@@ -60,7 +60,8 @@ DMSReading readDMSText(const QString& text) {
     r.seconds = ToDouble(secondsText, plain);
     r.letter = m.captured(plainText, 4).toString();
     const double magnitude = std::fabs(ToDouble(degreesText, plain)) +
-                             ToDouble(minutesText, plain) / 60 + ToDouble(secondsText, plain) / 3600;
+                             ToDouble(minutesText, plain) / 60 +
+                             ToDouble(secondsText, plain) / 3600;
     r.value = degreesText.startsWith(QLatin1Char('-')) ? -magnitude : magnitude;
     if (r.letter.compare(QLatin1String("S"), Qt::CaseInsensitive) == 0 ||
         r.letter.compare(QLatin1String("W"), Qt::CaseInsensitive) == 0)

@@ -34,8 +34,8 @@ QString ddHalf(double value, const NumberPattern& pattern, const NotationSetting
     return text;
 }
 
-QString dmsHalf(double value, const NotationSettings& s, const NumberLocale& locale,
-                QChar negative, QChar positive) {
+QString dmsHalf(double value, const NotationSettings& s, const NumberLocale& locale, QChar negative,
+                QChar positive) {
     QString text;
     text.reserve(24);
     appendDMSfromAngle(text, value, locale);
@@ -67,12 +67,12 @@ QString formatDD(double lon, double lat, const NotationSettings& s, bool latFirs
     QString lonText, latText;
     if (lon > missingCoordinate) {
         const double v = lon > 180 && s.DDshowHemiLet ? lon - 360 : lon;
-        lonText = ddHalf(v, Patterns::ddLongitude, s, locale, QLatin1Char('W'),
-                         QLatin1Char('E'), false);
+        lonText =
+            ddHalf(v, Patterns::ddLongitude, s, locale, QLatin1Char('W'), QLatin1Char('E'), false);
     }
     if (lat > missingCoordinate)
-        latText = ddHalf(lat, Patterns::ddLatitude, s, locale, QLatin1Char('S'),
-                         QLatin1Char('N'), true);
+        latText =
+            ddHalf(lat, Patterns::ddLatitude, s, locale, QLatin1Char('S'), QLatin1Char('N'), true);
     return joined(lonText, latText, s.DDseparator, latFirst);
 }
 

@@ -43,5 +43,4 @@ struct ParsedPosition {
 ParsedPosition parseDDText(const QString& text, bool latFirst, const NumberLocale& locale);
 ParsedPosition parseDMSText(const QString& text, bool latFirst, const NumberLocale& locale);
 // A bad zone (0, above 61) shows the inverse projection's two messages through messages.
-ParsedPosition parseUTMText(const QString& text, const NumberLocale& locale,
-                            MessageBox& messages);
+ParsedPosition parseUTMText(const QString& text, const NumberLocale& locale, MessageBox& messages);

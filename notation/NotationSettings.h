@@ -10,12 +10,12 @@ struct NotationSettings {
     bool DDshowHemiLet = false;  // hemisphere letters instead of a minus sign
     bool DDshowDegrSymb = false; // degree sign after each value
     QString DMSseparator = QStringLiteral(",");
-    bool DMSshowHemiLet = true;  // hemisphere letters instead of a minus sign
-    bool DMSshowSymbols = true;  // degree, minute and second signs
+    bool DMSshowHemiLet = true; // hemisphere letters instead of a minus sign
+    bool DMSshowSymbols = true; // degree, minute and second signs
     QString UTMseparator = QStringLiteral(",");
-    bool UTMshowEN = true;        // " E" and " N" after easting and northing
-    bool UTMshowM = false;        // " m" after easting and northing
-    bool UTMnegZoneSouth = true;  // south: negative zone rather than a letter after the zone
+    bool UTMshowEN = true;       // " E" and " N" after easting and northing
+    bool UTMshowM = false;       // " m" after easting and northing
+    bool UTMnegZoneSouth = true; // south: negative zone rather than a letter after the zone
 };
 
 // The mark of a missing value in the window's lat and lon: a value at or below it is not

@@ -27,7 +27,8 @@ void expectSameMatch(const QString& text) {
     if (!expected.hasMatch())
         return;
     for (int g = 0; g <= 4; ++g) {
-        EXPECT_EQ(actual.start[g], expected.capturedStart(g)) << text.toStdString() << " group " << g;
+        EXPECT_EQ(actual.start[g], expected.capturedStart(g))
+            << text.toStdString() << " group " << g;
         if (expected.capturedStart(g) >= 0) {
             EXPECT_EQ(actual.length[g], expected.capturedLength(g))
                 << text.toStdString() << " group " << g;
@@ -53,8 +54,7 @@ INSTANTIATE_TEST_SUITE_P(
                     NamedText{"digits_split_between_degrees_and_minutes", "45 N"},
                     NamedText{"no_letter", "45° 30' 15\""},
                     NamedText{"no_blank_after_minutes", "45°30'15\"N"},
-                    NamedText{"leading_junk", "abc -12 5 x"},
-                    NamedText{"double_minus", "--5 6 W"},
+                    NamedText{"leading_junk", "abc -12 5 x"}, NamedText{"double_minus", "--5 6 W"},
                     NamedText{"line_feed_is_no_letter", "12 30 5\n"},
                     NamedText{"carriage_return_is_a_letter", "12 30 5\r"},
                     NamedText{"second_run_matches", "1x 22 33 S"},
@@ -66,8 +66,8 @@ INSTANTIATE_TEST_SUITE_P(
 // Random texts over the characters the pattern cares about: every path of the backtracking
 // engine is reached many times.
 TEST(DMSText, AgreesWithTheEngineOnRandomTexts) {
-    const char16_t alphabet[] = {u'0', u'1', u'9', u'-', u'\u00B0', u' ', u' ', u'\'',
-                                 u'"',  u'.', u'N', u'x', u'\n'};
+    const char16_t alphabet[] = {u'0',  u'1', u'9', u'-', u'\u00B0', u' ', u' ',
+                                 u'\'', u'"', u'.', u'N', u'x',      u'\n'};
     std::mt19937_64 random(20261123);
     std::uniform_int_distribution<int> pick(0, static_cast<int>(std::size(alphabet)) - 1);
     std::uniform_int_distribution<int> length(0, 14);
@@ -92,7 +92,6 @@ TEST(DMSText, LongDigitRunsAreReadWithoutBacktracking) {
     EXPECT_EQ(m.captured(late, 1), QStringLiteral("12"));
     EXPECT_EQ(m.captured(late, 4), QStringLiteral("N"));
 }
-
 
 // A lone surrogate made the pattern engine refuse the whole zone text: the zone was lost.
 TEST(ZoneText, LoneSurrogateIsJustAnotherCharacter) {

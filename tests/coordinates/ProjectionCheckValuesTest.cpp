@@ -15,8 +15,8 @@ namespace {
 
 struct ForwardCase {
     const char* name;
-    double lon, lat;              // degrees
-    double easting, northing;     // metres (NaN: not published)
+    double lon, lat;          // degrees
+    double easting, northing; // metres (NaN: not published)
     std::int64_t zone, band;
 };
 
@@ -82,8 +82,7 @@ INSTANTIATE_TEST_SUITE_P(Projection, PolarSwitch,
                          testing::Values(PolarSwitchCase{"lat_84", 84.0, false},
                                          PolarSwitchCase{"lat_84_plus", 84.0000001, true},
                                          PolarSwitchCase{"lat_minus_80", -80.0, false},
-                                         PolarSwitchCase{"lat_minus_80_minus", -80.0000001,
-                                                         true}),
+                                         PolarSwitchCase{"lat_minus_80_minus", -80.0000001, true}),
                          [](const auto& row) { return std::string(row.param.name); });
 
 struct ZoneCase {
@@ -104,8 +103,8 @@ TEST_P(InverseZone, BadZoneShowsBothMessagesAndKeepsOutputs) {
         EXPECT_TRUE(box.shown.isEmpty());
         EXPECT_NEAR(lat, 45, 1e-6);
     } else {
-        EXPECT_EQ(box.shown, QStringList({"Invalid grid zone format",
-                                          "Unable to translate UTM to LL"}));
+        EXPECT_EQ(box.shown,
+                  QStringList({"Invalid grid zone format", "Unable to translate UTM to LL"}));
         EXPECT_EQ(lon, 123);
         EXPECT_EQ(lat, 45);
     }
@@ -116,8 +115,7 @@ INSTANTIATE_TEST_SUITE_P(Projection, InverseZone,
                                          ZoneCase{"zone_61", 61, true},
                                          ZoneCase{"zone_62", 62, false},
                                          ZoneCase{"negative_zone_is_south_sign_only", -32, true},
-                                         ZoneCase{"huge_zone", -9223372036854775807LL - 1,
-                                                  false}),
+                                         ZoneCase{"huge_zone", -9223372036854775807LL - 1, false}),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(Projection, BlankDatumWorksAsWGS84) {
