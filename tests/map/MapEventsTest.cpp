@@ -75,6 +75,23 @@ TEST_F(MapTest, RegionChangeWithoutAnAddressTouchesNothingButTheCursor) {
     EXPECT_EQ(map.cursorSets, cursorSets + 1);
 }
 
+TEST_F(MapTest, OnlyReturnAndEnterInAFilledAddressFieldSearch) {
+    // (key, text, searches): the handler's result says whether the key was taken.
+    const std::tuple<int, const char*, bool> keys[] = {{13, "", false},
+                                                       {3, "", false},
+                                                       {65, "Rome", false},
+                                                       {3, "Rome", true},
+                                                       {13, "Oslo", true}};
+    std::vector<QString> searched;
+    for (const auto& [key, text, searches] : keys) {
+        f.type(f.addressTextField, QString::fromLatin1(text));
+        EXPECT_EQ(w.addressTextField_KeyDown(key), searches) << key << text;
+        if (searches)
+            searched.push_back(QString::fromLatin1(text));
+    }
+    EXPECT_EQ(map.addressesShown, searched);
+}
+
 TEST_F(MapTest, FoundAddressBecomesTheLocationAtTheCentre) {
     f.type(f.addressTextField, QStringLiteral("Paris"));
     EXPECT_EQ(f.SearchButton.captionText, QStringLiteral("Find Address"));
