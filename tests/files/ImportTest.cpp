@@ -3,6 +3,7 @@
 // columns and its two messages, append and replace, the first line, progress and Cancel, and
 // hostile files.
 
+#include "files/TextLineReader.h"
 #include "support/FakeMapView.h"
 #include "support/FakeWindow.h"
 
@@ -10,6 +11,7 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <cstring>
 
 #include <gtest/gtest.h>
 
@@ -61,6 +63,8 @@ TEST_P(ScanRules, PreviewHoldsEveryLineSplitByTheLastDelimiter) {
         EXPECT_EQ(p->rows, menu);
     EXPECT_TRUE(iw.messageBox.shown.isEmpty() && !iw.closed);
     EXPECT_FALSE(iw.CheckBox1.visible || iw.CheckBox1.ticked); // nothing to append to
+    EXPECT_EQ(iw.Listbox1.columnWidths().split(',').size(), t.fieldCount + 1);
+    EXPECT_EQ(win.TabPanel1.page, 1); // the list's page, where the locations will show
     EXPECT_TRUE(iw.TextFieldFirstLine.focusRequests == 1 && iw.TextFieldFirstLine.allSelected);
 }
 
@@ -78,7 +82,7 @@ INSTANTIATE_TEST_SUITE_P(
         ScanCase{"quotesSplitLikeAnything", "\"a,b\",c", ',', 3, "1|\"a|b\"|c"},
         ScanCase{"windowsAndOldMacLineEnds", "1,2\r\n3,4\r5,6\r\n", ',', 2, "1|1|2/2|3|4/3|5|6"},
         ScanCase{"utf8ByteOrderMarkSkipped", "\xEF\xBB\xBFx,1", ',', 2, "1|x|1"},
-        ScanCase{"utf16WithByteOrderMark", QByteArray("\xFF\xFEx\0,\0\xFC\0\n\0", 10), ',', 2,
+        ScanCase{"utf16WithByteOrderMark", QByteArray("\xFF\xFEx\0,\0\xFC\0", 8), ',', 2,
                  "1|x|\xC3\xBC"},
         ScanCase{"latin1WhenNotUtf8", "Z\xFCrich,1", ',', 2, "1|Z\xC3\xBCrich|1"},
         ScanCase{"utf8UpToItsEdges", "\xC3\x80\xF4\x8F\xBF\xBF,1", ',', 2,
@@ -257,6 +261,31 @@ TEST_F(ImportTest, LinesOfAnyLengthAreReadWhole) {
     EXPECT_EQ(big.Listbox1.cellValueAt(0, 1).size(), 50 << 20);
     EXPECT_LT(big.Listbox1.data(big.Listbox1.index(0, 1), Qt::DisplayRole).toString().size(),
               10000);
+}
+
+// A device that gives some bytes and then fails, as a file on a drive pulled out mid-read.
+class FailingDevice : public QIODevice {
+public:
+    FailingDevice() { open(QIODevice::ReadOnly); }
+    qint64 readData(char* data, qint64) override {
+        if (given)
+            return -1;
+        given = true;
+        std::memcpy(data, "a,1\nb,2", 7);
+        return 7;
+    }
+    qint64 writeData(const char*, qint64) override { return -1; }
+    bool given = false;
+};
+
+TEST(TextLineReaderTest, AReadErrorEndsTheLinesAndIsReported) {
+    FailingDevice device;
+    TextLineReader reader(device, TextLineReader::Encoding::Sniff);
+    std::string_view line;
+    ASSERT_TRUE(reader.next(line));
+    EXPECT_EQ(line, "a,1");
+    EXPECT_FALSE(reader.next(line)); // "b,2" may not be whole
+    EXPECT_TRUE(reader.failed());
 }
 
 } // namespace
