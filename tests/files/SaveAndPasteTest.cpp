@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
 
@@ -115,9 +116,15 @@ TEST(PasteTest, PastedTextIsImportedThroughAPrivateFileRemovedWithTheWindow) {
     EXPECT_TRUE(win->_EditPaste_Action()); // on the first page: nothing happens
     EXPECT_FALSE(win.importWindows.current);
     win.TabPanel1.setSelectedPanelIndex(1);
+    // Only the file this paste made: another run of the suite may be pasting beside us.
+    const auto pasteFiles = [] {
+        const QStringList names = QDir::temp().entryList({"geoquill-paste-*"}, QDir::Files);
+        return QSet<QString>(names.begin(), names.end());
+    };
+    const QSet<QString> earlier = pasteFiles();
     EXPECT_TRUE(win->_EditPaste_Action());
     FakeImportWindow& iw = *win.importWindows.current;
-    const QStringList made = QDir::temp().entryList({"geoquill-paste-*"}, QDir::Files);
+    const QStringList made = (pasteFiles() - earlier).values();
     ASSERT_EQ(made.size(), 1);
     const QString file = QDir::temp().filePath(made[0]);
     EXPECT_EQ(QFileInfo(file).permissions(),
