@@ -1,11 +1,12 @@
-// The three builders that every location comes from, and the record they fill. Coordinates are
-// checked against GeographicLib's exact transverse Mercator and polar stereographic
-// projections; sexagesimal values are checked against the arithmetic of degrees, minutes and
-// seconds written out in the tables.
+// The three builders that every location comes from, on the texts and numbers a user types or a
+// file holds, hostile ones included. Projected coordinates are checked against GeographicLib's
+// exact transverse Mercator and polar stereographic projections; degrees, minutes and seconds
+// against the arithmetic of sexagesimal parts.
 
 #include "coordinates/LatLon_UTM.h"
-#include "coordinates/Vertex.h"
+#include "coordinates/SafeInteger.h"
 #include "coordinates/generalModule.h"
+#include "support/QStringPrinting.h"
 #include "support/RecordingMessageBox.h"
 
 #include <GeographicLib/Constants.hpp>
@@ -17,18 +18,19 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
-#include <ostream>
 #include <random>
 #include <string>
+#include <tuple>
 
 using namespace generalModule;
 
 namespace {
 
-// Our series against the exact projection: about 1 mm at worst across a zone, 1e-8 degree
-// back. The tolerances leave room for that and nothing more.
-constexpr double metreTolerance = 0.0015;
-constexpr double degreeTolerance = 1e-7;
+constexpr double metreTolerance = 0.0015; // our series against the exact projection
+constexpr double degreeTolerance = 2e-8;
+constexpr double polar = std::numeric_limits<double>::quiet_NaN();
+constexpr double inf = std::numeric_limits<double>::infinity();
+const QStringList bothMessages{"Invalid grid zone format", "Unable to translate UTM to LL"};
 
 const GeographicLib::TransverseMercatorExact& exactUtm() {
     static const GeographicLib::TransverseMercatorExact tm(
@@ -36,522 +38,302 @@ const GeographicLib::TransverseMercatorExact& exactUtm() {
     return tm;
 }
 
-double zoneMeridian(std::int64_t zone) {
-    return static_cast<double>((zone - 1) * 6 - 180 + 3);
-}
-
-// UTM or UPS coordinates of a location by GeographicLib; meridian NaN means the polar caps.
-void referenceForward(double meridian, double lon, double lat, double& easting, double& northing) {
+// The record's UTM or UPS coordinates (meridian NaN) against GeographicLib's.
+void expectProjected(const Vertex& v, double meridian) {
     double x = 0, y = 0;
     if (std::isnan(meridian)) {
-        GeographicLib::PolarStereographic::UPS().Forward(lat > 0, lat, lon, x, y);
-        easting = x + 2000000;
-        northing = y + 2000000;
-        return;
+        GeographicLib::PolarStereographic::UPS().Forward(v.lat > 0, v.lat, v.lon, x, y);
+        x += 2000000;
+        y += 2000000;
+    } else {
+        exactUtm().Forward(meridian, v.lat, v.lon, x, y);
+        x += 500000;
+        y = y < 0 ? y + 10000000 : y;
     }
-    exactUtm().Forward(meridian, lat, lon, x, y);
-    easting = x + 500000;
-    northing = y < 0 ? y + 10000000 : y;
+    EXPECT_NEAR(v.utmE, x, metreTolerance);
+    EXPECT_NEAR(v.utmN, y, metreTolerance);
 }
 
-// Location of UTM coordinates by GeographicLib.
-void referenceInverse(std::int64_t zone, bool south, double easting, double northing, double& lon,
-                      double& lat) {
-    exactUtm().Reverse(zoneMeridian(zone), easting - 500000, south ? northing - 10000000 : northing,
-                       lat, lon);
+// The parts and letters of a record made from a value: those of |value|, the sign a letter.
+void expectParts(double value, std::int64_t degrees, std::int64_t minutes, double seconds,
+                 const QString& letter, const char* negative, const char* positive) {
+    EXPECT_TRUE(minutes >= 0 && minutes < 60 && seconds >= 0 && seconds < 60) << minutes;
+    EXPECT_NEAR(double(degrees) + double(minutes) / 60 + seconds / 3600, std::fabs(value), 1e-9);
+    EXPECT_EQ(letter, QString::fromLatin1(value < 0 ? negative : positive));
 }
 
-// Longitudes that name the same meridian (183 and -177 beyond zone 60) compare equal.
-double longitudeDifference(double a, double b) {
-    return std::remainder(a - b, 360.0);
+void expectPartsOf(const Vertex& v) {
+    expectParts(v.lon, v.lon_degr, v.lon_min, v.lon_sec, v.lon_Hemisphere, "W", "E");
+    expectParts(v.lat, v.lat_Degr, v.lat_min, v.lat_sec, v.lat_Hemisphere, "S", "N");
 }
 
-// Degrees, minutes and seconds of a record put back together: the magnitude of the value.
-void expectPartsOf(double value, std::int64_t degrees, std::int64_t minutes, double seconds) {
-    EXPECT_GE(minutes, 0);
-    EXPECT_LT(minutes, 60);
-    EXPECT_GE(seconds, 0);
-    EXPECT_LT(seconds, 60);
-    EXPECT_NEAR(static_cast<double>(degrees) + static_cast<double>(minutes) / 60 + seconds / 3600,
-                std::fabs(value), 1e-9);
-}
+// --- Decimal degrees ---------------------------------------------------------------------------
 
-const double polar = std::numeric_limits<double>::quiet_NaN();
-
-// ---------------------------------------------------------------------------------------------
-
-TEST(VertexRecord, DefaultsOfANewRecord) {
-    const Vertex v;
-    EXPECT_EQ(v.lat, 0);
-    EXPECT_EQ(v.lon, 0);
-    EXPECT_EQ(v.utmE, 0);
-    EXPECT_EQ(v.utmN, 0);
-    ASSERT_NE(v.utmZ, nullptr);
-    EXPECT_EQ(*v.utmZ, (UtmZone{0, 0, 0}));
-    EXPECT_EQ(v.lat_Degr, 0);
-    EXPECT_EQ(v.lat_min, 0);
-    EXPECT_EQ(v.lat_sec, 0);
-    EXPECT_EQ(v.lon_degr, 0);
-    EXPECT_EQ(v.lon_min, 0);
-    EXPECT_EQ(v.lon_sec, 0);
-    // Letters for a location at 0, 0 all the same.
-    EXPECT_EQ(v.lat_Hemisphere, QStringLiteral("N"));
-    EXPECT_EQ(v.lon_Hemisphere, QStringLiteral("E"));
-    EXPECT_TRUE(v.checked);
-    EXPECT_FALSE(v.selected);
-    EXPECT_FALSE(v.saved);
-    EXPECT_TRUE(v.label.isEmpty());
-}
-
-TEST(VertexRecord, EveryRecordHasItsOwnZoneArray) {
-    const Vertex first, second;
-    EXPECT_NE(first.utmZ, second.utmZ);
-    (*first.utmZ)[1] = 33;
-    EXPECT_EQ((*second.utmZ)[1], 0);
-}
-
-TEST(VertexRecord, CloneEqualsSourceInEveryField) {
-    Vertex source;
-    source.lat = -33.85;
-    source.lon = 151.2;
-    source.utmE = 333471.815;
-    source.utmN = 6253018.169;
-    *source.utmZ = UtmZone{0, -56, 5};
-    source.lat_Degr = 33;
-    source.lat_min = 51;
-    source.lat_sec = 0.5;
-    source.lon_degr = 151;
-    source.lon_min = 12;
-    source.lon_sec = 1.25;
-    source.lat_Hemisphere = QStringLiteral("S");
-    source.lon_Hemisphere = QStringLiteral("W");
-    source.checked = false;
-    source.selected = true;
-    source.label = QStringLiteral("Opera House");
-    source.saved = true;
-
-    const VertexRef clone = cloneLocation(source);
-    ASSERT_NE(clone, nullptr);
-    EXPECT_NE(clone.get(), &source);
-    EXPECT_EQ(clone->lat, source.lat);
-    EXPECT_EQ(clone->lon, source.lon);
-    EXPECT_EQ(clone->utmE, source.utmE);
-    EXPECT_EQ(clone->utmN, source.utmN);
-    EXPECT_EQ(clone->lat_Degr, source.lat_Degr);
-    EXPECT_EQ(clone->lat_min, source.lat_min);
-    EXPECT_EQ(clone->lat_sec, source.lat_sec);
-    EXPECT_EQ(clone->lon_degr, source.lon_degr);
-    EXPECT_EQ(clone->lon_min, source.lon_min);
-    EXPECT_EQ(clone->lon_sec, source.lon_sec);
-    EXPECT_EQ(clone->lat_Hemisphere, source.lat_Hemisphere);
-    EXPECT_EQ(clone->lon_Hemisphere, source.lon_Hemisphere);
-    EXPECT_EQ(clone->checked, source.checked);
-    EXPECT_EQ(clone->selected, source.selected);
-    EXPECT_EQ(clone->label, source.label);
-    EXPECT_EQ(clone->saved, source.saved);
-    // The zone array is shared, not copied.
-    EXPECT_EQ(clone->utmZ, source.utmZ);
-}
-
-TEST(VertexRecord, CloneOfADefaultRecordKeepsTheDefaults) {
-    const Vertex source;
-    const VertexRef clone = cloneLocation(source);
-    EXPECT_TRUE(clone->checked);
-    EXPECT_FALSE(clone->selected);
-    EXPECT_FALSE(clone->saved);
-    EXPECT_EQ(clone->lat_Hemisphere, QStringLiteral("N"));
-    EXPECT_EQ(clone->lon_Hemisphere, QStringLiteral("E"));
-}
-
-TEST(VertexRecord, RenamingACloneLeavesTheSource) {
-    Vertex source;
-    source.label = QStringLiteral("Camp");
-    const VertexRef clone = cloneLocation(source);
-    clone->label = QStringLiteral("Summit");
-    clone->saved = true;
-    EXPECT_EQ(source.label, QStringLiteral("Camp"));
-    EXPECT_FALSE(source.saved);
-}
-
-// ---------------------------------------------------------------------------------------------
-
-struct DDCase {
+struct DDRow {
     const char* name;
     double lon, lat;
-    double meridian; // of the projection, for the reference; NaN in the polar caps
+    double meridian; // of the projection; NaN in the polar caps
     std::int64_t zone, band;
-    std::int64_t lonDegrees, lonMinutes;
-    double lonSeconds;
-    const char* lonLetter;
-    std::int64_t latDegrees, latMinutes;
-    double latSeconds;
-    const char* latLetter;
 };
 
-void PrintTo(const DDCase& c, std::ostream* out) {
-    *out << c.name;
-}
-
-// Values with exact binary fractions, so that the parts are exact too.
-const DDCase ddCases[] = {
-    {"west_north", -120.5, 37.25, -123, 10, 14, 120, 30, 0, "W", 37, 15, 0, "N"},
-    {"east_south_zone_negative", 151.25, -33.75, 153, -56, 5, 151, 15, 0, "E", 33, 45, 0, "S"},
-    {"west_south", -58.375, -34.625, -57, -21, 5, 58, 22, 30, "W", 34, 37, 30, "S"},
-    {"origin", 0, 0, 3, 31, 10, 0, 0, 0, "E", 0, 0, 0, "N"},
-    {"just_south_of_equator", 3, -0.5, 3, -31, 9, 3, 0, 0, "E", 0, 30, 0, "S"},
-    {"negative_zero_is_north", 10, -0.0, 9, 32, 10, 10, 0, 0, "E", 0, 0, 0, "N"},
-    {"antimeridian_zone_61", 180, 0.5, 183, 61, 10, 180, 0, 0, "E", 0, 30, 0, "N"},
-    {"minus_180_zone_1", -180, 10.125, -177, 1, 11, 180, 0, 0, "W", 10, 7, 30, "N"},
-    {"norway_cell_meridian", 5.5, 60.5, 7.5, 31, 17, 5, 30, 0, "E", 60, 30, 0, "N"},
-    {"svalbard_cell_meridian", 10.5, 78.25, 15, 32, 19, 10, 30, 0, "E", 78, 15, 0, "N"},
-    {"north_polar_cap", -45.5, 88.5, polar, 23, 21, 45, 30, 0, "W", 88, 30, 0, "N"},
-    {"south_pole_band_minus_1", 0, -90, polar, -31, -1, 0, 0, 0, "E", 90, 0, 0, "S"},
+const DDRow ddRows[] = {
+    {"west_north", -120.5, 37.25, -123, 10, 14},
+    {"east_south_zone_negative", 151.25, -33.75, 153, -56, 5},
+    {"origin", 0, 0, 3, 31, 10},
+    {"just_south_of_equator", 3, -0.5, 3, -31, 9},
+    {"negative_zero_is_north", 10, -0.0, 9, 32, 10},
+    {"antimeridian_zone_61", 180, 0.5, 183, 61, 10},
+    {"minus_180_zone_1", -180, 10.125, -177, 1, 11},
+    {"norway_cell_meridian", 5.5, 60.5, 7.5, 31, 17},
+    {"svalbard_cell_meridian", 10.5, 78.25, 15, 32, 19},
+    {"lat_84_still_utm", 10, 84, 15, 32, 20},
+    {"above_84_polar", 10, 84.0000001, polar, 32, 20},
+    {"lat_minus_80_still_utm", 10, -80, 9, -32, 0},
+    {"below_minus_80_polar", 10, -80.0000001, polar, -32, 0},
+    {"north_polar_cap", -45.5, 88.5, polar, 23, 21},
+    {"south_pole_band_minus_1", 0, -90, polar, -31, -1},
 };
 
-class FromDecimalDegrees : public testing::TestWithParam<DDCase> {};
+class FromDecimalDegrees : public testing::TestWithParam<DDRow> {};
 
 TEST_P(FromDecimalDegrees, FillsEveryNotation) {
-    const DDCase& c = GetParam();
-    const VertexRef v = vertexFromDD(c.lon, c.lat);
-    ASSERT_NE(v, nullptr);
-    EXPECT_EQ(v->lon, c.lon);
-    EXPECT_EQ(v->lat, c.lat);
-    EXPECT_EQ((*v->utmZ)[0], 0);
-    EXPECT_EQ((*v->utmZ)[1], c.zone);
-    EXPECT_EQ((*v->utmZ)[2], c.band);
-    EXPECT_EQ(v->lon_degr, c.lonDegrees);
-    EXPECT_EQ(v->lon_min, c.lonMinutes);
-    EXPECT_EQ(v->lon_sec, c.lonSeconds);
-    EXPECT_EQ(v->lon_Hemisphere, QString::fromUtf8(c.lonLetter));
-    EXPECT_EQ(v->lat_Degr, c.latDegrees);
-    EXPECT_EQ(v->lat_min, c.latMinutes);
-    EXPECT_EQ(v->lat_sec, c.latSeconds);
-    EXPECT_EQ(v->lat_Hemisphere, QString::fromUtf8(c.latLetter));
-
-    double e = 0, n = 0;
-    referenceForward(c.meridian, c.lon, c.lat, e, n);
-    EXPECT_NEAR(v->utmE, e, metreTolerance);
-    EXPECT_NEAR(v->utmN, n, metreTolerance);
+    const DDRow& r = GetParam();
+    const VertexRef v = vertexFromDD(r.lon, r.lat);
+    EXPECT_EQ(v->lon, r.lon);
+    EXPECT_EQ(v->lat, r.lat);
+    EXPECT_EQ(*v->utmZ, (UtmZone{0, r.zone, r.band}));
+    expectPartsOf(*v);
+    expectProjected(*v, r.meridian);
 }
 
-// What the user attaches to a location is not the builder's business.
-TEST_P(FromDecimalDegrees, LeavesTheUsersFieldsAtTheirDefaults) {
-    const VertexRef v = vertexFromDD(GetParam().lon, GetParam().lat);
-    EXPECT_TRUE(v->checked);
-    EXPECT_FALSE(v->selected);
-    EXPECT_FALSE(v->saved);
-    EXPECT_TRUE(v->label.isEmpty());
-}
-
-INSTANTIATE_TEST_SUITE_P(Builders, FromDecimalDegrees, testing::ValuesIn(ddCases),
+INSTANTIATE_TEST_SUITE_P(Builders, FromDecimalDegrees, testing::ValuesIn(ddRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
-struct Quadrant {
-    const char* name;
-    double lonFrom, lonTo, latFrom, latTo;
-};
-
-void PrintTo(const Quadrant& c, std::ostream* out) {
-    *out << c.name;
-}
-
-class FromDecimalDegreesAnywhere : public testing::TestWithParam<Quadrant> {};
-
-// Any location: the parts are those of |v|, the letters and the zone's sign follow the signs.
-TEST_P(FromDecimalDegreesAnywhere, PartsLettersAndZoneSign) {
-    const Quadrant& q = GetParam();
+TEST(FromDecimalDegreesAnywhere, PartsLettersAndZoneSignFollowTheValues) {
     std::mt19937_64 random(4242);
-    std::uniform_real_distribution<double> lonOf(q.lonFrom, q.lonTo);
-    std::uniform_real_distribution<double> latOf(q.latFrom, q.latTo);
-    for (int i = 0; i < 2000; ++i) {
+    std::uniform_real_distribution<double> lonOf(-180, 180), latOf(-90, 90);
+    for (int i = 0; i < 8000 && !testing::Test::HasFailure(); ++i) {
         const double lon = lonOf(random), lat = latOf(random);
         const VertexRef v = vertexFromDD(lon, lat);
         SCOPED_TRACE(testing::Message() << "lon " << lon << " lat " << lat);
-        expectPartsOf(lon, v->lon_degr, v->lon_min, v->lon_sec);
-        expectPartsOf(lat, v->lat_Degr, v->lat_min, v->lat_sec);
-        EXPECT_EQ(v->lon_Hemisphere, lon < 0 ? QStringLiteral("W") : QStringLiteral("E"));
-        EXPECT_EQ(v->lat_Hemisphere, lat < 0 ? QStringLiteral("S") : QStringLiteral("N"));
+        expectPartsOf(*v);
         EXPECT_EQ((*v->utmZ)[1] < 0, lat < 0);
-        EXPECT_EQ((*v->utmZ)[0], 0);
-        if (::testing::Test::HasFailure())
-            return;
+    }
+    // Absurd values from a file: a record all the same, and no undefined behaviour on the way.
+    const double absurd[][2] = {{1e300, polar}, {-1e300, 1e300}, {inf, 0.0}};
+    for (const auto& [lon, lat] : absurd)
+        EXPECT_NE(vertexFromDD(lon, lat), nullptr);
+}
+
+// --- Degrees, minutes, seconds -----------------------------------------------------------------
+
+const QString digits(100000, QLatin1Char('1'));
+const QString quotes(1 << 20, QLatin1Char('"'));
+const QString marks = QString::fromUtf8("°'\" ").repeated(100000);
+const QString nuls(1000, QChar(0));
+const QString surrogates(1000, QChar(0xD800));
+
+struct DMSRow {
+    const char* name;
+    QString text;
+    double value;
+    std::int64_t degrees, minutes;
+    double seconds;
+    QString letter; // empty: nothing read, the coordinate and its parts keep their defaults
+};
+
+const DMSRow dmsRows[] = {
+    {"full", "45° 30' 15.5\" N", 45 + 30 / 60.0 + 15.5 / 3600, 45, 30, 15.5, "N"},
+    {"blanks_only", "9 10 20 E", 9 + 10 / 60.0 + 20 / 3600.0, 9, 10, 20, "E"},
+    {"minus_zero_degrees_negates_parts", "-0° 10' 01\" E", -(10 / 60.0 + 1 / 3600.0), 0, 10, 1,
+     "E"},
+    {"minus_negates_whole_angle", "-120° 30' 36\" E", -120.51, -120, 30, 36, "E"},
+    {"west", "58° 22' 30\" W", -58.375, 58, 22, 30, "W"},
+    {"south_in_lower_case", "34° 37' 30\" s", -34.625, 34, 37, 30, "s"},
+    {"minus_and_letter_stay_negative", "-58° 22' 30\" W", -58.375, -58, 22, 30, "W"},
+    {"seconds_left_out", "151° 12' E", 151.2, 151, 12, 0, "E"},
+    {"no_blank_after_degree_sign_nor_letter", "9°10' 0\"E", 9 + 10 / 60.0, 9, 10, 0, "E"},
+    {"two_digits_split_into_degrees_and_minutes", "45 N", 4 + 5 / 60.0, 4, 5, 0, "N"},
+    // Texts pasted from a word processor carry curly quotes.
+    {"curly_quotes", "45° 30’ 15.5” N", 45 + 30 / 60.0 + 15.5 / 3600, 45, 30, 15.5, "N"},
+    {"curly_left_double_quote", "8° 0’ 1“W", -(8 + 1 / 3600.0), 8, 0, 1, "W"},
+    {"no_letter", "45° 30' 15\"", 0, 0, 0, 0, ""},
+    {"no_blank_after_minutes", "45°30'15\"N", 0, 0, 0, 0, ""},
+    {"letter_only", "W", 0, 0, 0, 0, ""},
+    {"empty", "", 0, 0, 0, 0, ""},
+    // Hostile texts: nothing readable, or a value found after the junk. A long run of digits
+    // that a backtracking search would split every way before giving up must not hang.
+    {"hundred_thousand_digits", digits, 0, 0, 0, 0, ""},
+    {"digits_then_letter_and_blank", digits + "x ", 0, 0, 0, 0, ""},
+    {"digits_then_two_degree_signs", digits + "°° ", 0, 0, 0, 0, ""},
+    {"digits_quote_digits", digits + "'" + digits, 0, 0, 0, 0, ""},
+    {"lone_surrogates", surrogates, 0, 0, 0, 0, ""},
+    {"nul_characters", nuls, 0, 0, 0, 0, ""},
+    {"megabyte_of_quotes", quotes, 0, 0, 0, 0, ""},
+    {"marks_without_digits", marks, 0, 0, 0, 0, ""},
+    {"minus_signs", QString(100000, QLatin1Char('-')), 0, 0, 0, 0, ""},
+    {"marks_between_digits", QString::fromUtf8("-1°'\" ").repeated(50000), 0, 0, 0, 0, ""},
+    {"surrogate_then_marks", QChar(0xDBFF) + marks, 0, 0, 0, 0, ""},
+    // Degrees beyond any double: the value is infinite and the stored degrees clamp.
+    {"hundred_thousand_digit_degrees", digits + " N", inf, integerLimit, 1, 0, "N"},
+    {"hundred_thousand_digit_degrees_south", digits + " S", -inf, integerLimit, 1, 0, "S"},
+    {"hundred_thousand_digit_seconds", "1 2 " + digits + " W", -inf, 1, 2, inf, "W"},
+    // Any one character after the seconds is the letter.
+    {"nul_as_letter", "45 30 00 " + QString(QChar(0)), 45.5, 45, 30, 0, QString(QChar(0))},
+    {"surrogate_as_letter", "45 30 00 " + QString(QChar(0xD800)), 45.5, 45, 30, 0,
+     QString(QChar(0xD800))},
+    {"surrogates_around_value", QChar(0xDC00) + QString("45° 30' 00\" N") + QChar(0xD800), 45.5, 45,
+     30, 0, "N"},
+    {"digit_as_letter", QString("1 ").repeated(100000), 1 + 1 / 60.0 + 1 / 3600.0, 1, 1, 1, "1"},
+    {"value_after_quotes", quotes + "12° 30' 00\" S", -12.5, 12, 30, 0, "S"},
+    {"value_after_marks", marks + "12° 30' 00\" W", -12.5, 12, 30, 0, "W"},
+    {"value_after_nuls", nuls + "12° 30' 00\" N", 12.5, 12, 30, 0, "N"},
+};
+
+class FromDMS : public testing::TestWithParam<DMSRow> {};
+
+// The text read as a longitude and as a latitude: the value with the sign the text gives, the
+// parts as typed, and the UTM coordinates of the place.
+TEST_P(FromDMS, ReadsValueAndKeepsThePartsAsTyped) {
+    const DMSRow& r = GetParam();
+    const VertexRef asLon = vertexFromDMS(r.text, QStringLiteral("45 30 0 N"));
+    const VertexRef asLat = vertexFromDMS(QStringLiteral("9 0 0 E"), r.text);
+    const bool read = !r.letter.isEmpty();
+    EXPECT_TRUE(asLon->lon == r.value || std::fabs(asLon->lon - r.value) < 1e-12) << asLon->lon;
+    EXPECT_EQ(asLon->lon_degr, r.degrees);
+    EXPECT_EQ(asLon->lon_min, r.minutes);
+    EXPECT_EQ(asLon->lon_sec, r.seconds);
+    EXPECT_EQ(asLon->lon_Hemisphere, read ? r.letter : QStringLiteral("E"));
+    EXPECT_TRUE(asLat->lat == r.value || std::fabs(asLat->lat - r.value) < 1e-12) << asLat->lat;
+    EXPECT_EQ(asLat->lat_Degr, r.degrees);
+    EXPECT_EQ(asLat->lat_min, r.minutes);
+    EXPECT_EQ(asLat->lat_sec, r.seconds);
+    EXPECT_EQ(asLat->lat_Hemisphere, read ? r.letter : QStringLiteral("N"));
+    EXPECT_EQ((*asLat->utmZ)[1] < 0, r.value < 0);
+    if (std::fabs(r.value) <= 180)
+        expectProjected(*asLon, std::floor((r.value + 180) / 6) * 6 - 177);
+    if (std::fabs(r.value) <= 80)
+        expectProjected(*asLat, 9);
+}
+
+INSTANTIATE_TEST_SUITE_P(Builders, FromDMS, testing::ValuesIn(dmsRows),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+// --- UTM ---------------------------------------------------------------------------------------
+
+struct UTMRow {
+    const char* name;
+    double easting, northing;
+    QString zoneText;
+    std::int64_t zone;   // as the record keeps it: signed by the latitude when read
+    std::int64_t marker; // 5 south, 15 north, from the zone text
+    bool valid;          // false: both messages, and the location stays at 0, 0
+};
+
+const UTMRow utmRows[] = {
+    {"no_letter_is_north", 500000, 4982950.4, "32", 32, 15, true},
+    {"north_letter", 500000, 4982950.4, "32 N", 32, 15, true},
+    {"south_letter", 333471.8, 6253018.2, "56 S", -56, 5, true},
+    {"minus_sign_is_south", 333471.8, 6253018.2, "-56", -56, 5, true},
+    {"south_letter_in_lower_case_without_blank", 333471.8, 6253018.2, "56s", -56, 5, true},
+    {"minus_sign_wins_over_north_letter", 333471.8, 6253018.2, "-56 N", -56, 5, true},
+    {"band_letter_is_not_a_hemisphere", 500000, 4982950.4, "32T", 32, 15, true},
+    {"three_digits_read_as_two", 500000, 4982950.4, "123", 12, 15, true},
+    {"single_digit", 640000, 7200000, "7", 7, 15, true},
+    {"text_before_zone", 500000, 4982950.4, "zone 32", 32, 15, true},
+    {"zone_1", 500000, 4982950.4, "1", 1, 15, true},
+    {"zone_61", 400000, 1000000, "61", 61, 15, true},
+    {"south_west", 700000, 8000000, "19 S", -19, 5, true},
+    // A northing above the false northing is north of the equator even in the south.
+    {"zone_sign_follows_latitude", 500000, 10500000, "32 S", 32, 5, true},
+    {"hundred_thousand_digits_read_as_two", 500000, 4982950.4, digits, 11, 15, true},
+    {"zone_after_quotes", 500000, 4982950.4, quotes + "32", 32, 15, true},
+    {"zone_after_nuls", 500000, 4982950.4, nuls + "32", 32, 15, true},
+    {"nul_after_zone", 500000, 4982950.4, "32" + QString(QChar(0)), 32, 15, true},
+    // A lone surrogate made the pattern engine refuse the whole zone text: the zone was lost.
+    {"lone_surrogate_after_zone", 500000, 4982950.4, "32" + QString(QChar(0xD800)), 32, 15, true},
+    {"empty", 500000, 4982950.4, "", 0, 15, false},
+    {"letter_only", 500000, 4982950.4, "S", 0, 15, false},
+    {"zero", 500000, 4982950.4, "00", 0, 15, false},
+    {"minus_zero_south", 500000, 4982950.4, "-0 S", 0, 15, false},
+    {"zone_62", 500000, 4982950.4, "62", 62, 15, false},
+    {"zone_62_south", 500000, 4982950.4, "62 S", 62, 5, false},
+    {"zone_minus_62", 500000, 4982950.4, "-62", 62, 5, false},
+    {"lone_surrogates", 500000, 4982950.4, surrogates, 0, 15, false},
+    {"marks_without_digits", 500000, 4982950.4, marks, 0, 15, false},
+    {"minus_signs", 500000, 4982950.4, QString(100000, QLatin1Char('-')), 0, 15, false},
+};
+
+class FromUTM : public testing::TestWithParam<UTMRow> {};
+
+TEST_P(FromUTM, LocationByTheExactInverseOrBothMessages) {
+    const UTMRow& r = GetParam();
+    RecordingMessageBox box;
+    const VertexRef v = vertexFromUTM(r.easting, r.northing, r.zoneText, box);
+    EXPECT_EQ(v->utmE, r.easting);
+    EXPECT_EQ(v->utmN, r.northing);
+    EXPECT_EQ(*v->utmZ, (UtmZone{0, r.zone, r.marker}));
+    if (!r.valid) {
+        EXPECT_EQ(box.shown, bothMessages);
+        EXPECT_EQ(v->lat, 0);
+        EXPECT_EQ(v->lon, 0);
+        expectPartsOf(*v);
+        return;
+    }
+    EXPECT_TRUE(box.shown.isEmpty()) << box.shown.join(" / ").toStdString();
+    double lon = 0, lat = 0;
+    const double meridian = (std::llabs(r.zone) - 1) * 6.0 - 177;
+    exactUtm().Reverse(meridian, r.easting - 500000,
+                       r.marker == 5 ? r.northing - 10000000 : r.northing, lat, lon);
+    EXPECT_NEAR(v->lat, lat, degreeTolerance);
+    // Zone 61 lies on both sides of the antimeridian.
+    EXPECT_NEAR(std::remainder(v->lon - lon, 360.0), 0, degreeTolerance) << v->lon;
+    expectPartsOf(*v);
+}
+
+INSTANTIATE_TEST_SUITE_P(Builders, FromUTM, testing::ValuesIn(utmRows),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+// An easting or northing read as NaN or infinity from a file: the zone is good, so nothing is
+// reported, and the location is no number rather than a made-up place.
+TEST(FromUTMNonFinite, NoMessageAndNoLocation) {
+    const double notANumber[][2] = {
+        {polar, 4982950.4}, {500000, polar}, {inf, 4982950.4}, {500000, -inf}};
+    for (const auto& [e, n] : notANumber) {
+        RecordingMessageBox box;
+        const VertexRef v = vertexFromUTM(e, n, QStringLiteral("32"), box);
+        EXPECT_TRUE(box.shown.isEmpty());
+        EXPECT_FALSE(std::isfinite(v->lat) && std::isfinite(v->lon)) << e << " " << n;
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Builders, FromDecimalDegreesAnywhere,
-                         testing::Values(Quadrant{"north_east", 0, 180, 0, 90},
-                                         Quadrant{"north_west", -180, 0, 0, 90},
-                                         Quadrant{"south_east", 0, 180, -90, 0},
-                                         Quadrant{"south_west", -180, 0, -90, 0}),
-                         [](const auto& row) { return std::string(row.param.name); });
-
-// ---------------------------------------------------------------------------------------------
-
-struct DMSCase {
-    const char* name;
-    const char* lonText;
-    const char* latText;
-    double lon, lat; // the sum of the parts, with the sign the text gives
-    std::int64_t lonDegrees, lonMinutes;
-    double lonSeconds;
-    const char* lonLetter;
-    std::int64_t latDegrees, latMinutes;
-    double latSeconds;
-    const char* latLetter;
-    std::int64_t zone, band;
-};
-
-void PrintTo(const DMSCase& c, std::ostream* out) {
-    *out << c.name;
-}
-
-const DMSCase dmsCases[] = {
-    {"degree_minute_second_quotes", "9° 10' 20\" E", "45° 30' 15.5\" N",
-     9 + 10 / 60.0 + 20 / 3600.0, 45 + 30 / 60.0 + 15.5 / 3600, 9, 10, 20, "E", 45, 30, 15.5, "N",
-     32, 15},
-    {"blanks_only", "9 10 20 E", "45 30 15.5 N", 9 + 10 / 60.0 + 20 / 3600.0,
-     45 + 30 / 60.0 + 15.5 / 3600, 9, 10, 20, "E", 45, 30, 15.5, "N", 32, 15},
-    {"minus_before_zero_degrees_negates_parts", "-0° 10' 01\" E", "45° 30' 00\" N",
-     -(10 / 60.0 + 1 / 3600.0), 45.5, 0, 10, 1, "E", 45, 30, 0, "N", 30, 15},
-    {"minus_negates_whole_angle", "-120° 30' 36\" E", "-33° 45' 00\" N",
-     -(120 + 30 / 60.0 + 36 / 3600.0), -33.75, -120, 30, 36, "E", -33, 45, 0, "N", -10, 5},
-    {"west_and_south_letters", "58° 22' 30\" W", "34° 37' 30\" S", -58.375, -34.625, 58, 22, 30,
-     "W", 34, 37, 30, "S", -21, 5},
-    {"letters_in_lower_case", "58° 22' 30\" w", "34° 37' 30\" s", -58.375, -34.625, 58, 22, 30, "w",
-     34, 37, 30, "s", -21, 5},
-    {"west_on_latitude_and_south_on_longitude", "58° 22' 30\" S", "34° 37' 30\" W", -58.375,
-     -34.625, 58, 22, 30, "S", 34, 37, 30, "W", -21, 5},
-    {"minus_and_letter_stay_negative", "-58° 22' 30\" W", "-34° 37' 30\" S", -58.375, -34.625, -58,
-     22, 30, "W", -34, 37, 30, "S", -21, 5},
-    {"seconds_left_out", "151° 12' E", "33° 51' S", 151 + 12 / 60.0, -(33 + 51 / 60.0), 151, 12, 0,
-     "E", 33, 51, 0, "S", -56, 5},
-    {"no_blank_after_degree_sign_nor_letter", "9°10' 0\"E", "45°30' 0\"N", 9 + 10 / 60.0, 45.5, 9,
-     10, 0, "E", 45, 30, 0, "N", 32, 15},
-    {"two_digits_split_between_degrees_and_minutes", "9 10 20 E", "45 N",
-     9 + 10 / 60.0 + 20 / 3600.0, 4 + 5 / 60.0, 9, 10, 20, "E", 4, 5, 0, "N", 32, 10},
-    // Texts that give no value leave that coordinate at 0 and its parts at their defaults.
-    {"latitude_without_letter", "9 10 20 E", "45° 30' 15\"", 9 + 10 / 60.0 + 20 / 3600.0, 0, 9, 10,
-     20, "E", 0, 0, 0, "N", 32, 10},
-    {"latitude_without_blank_after_minutes", "9 10 20 E", "45°30'15\"N",
-     9 + 10 / 60.0 + 20 / 3600.0, 0, 9, 10, 20, "E", 0, 0, 0, "N", 32, 10},
-    {"longitude_letter_only", "W", "45 30 15.5 N", 0, 45 + 30 / 60.0 + 15.5 / 3600, 0, 0, 0, "E",
-     45, 30, 15.5, "N", 31, 15},
-    {"both_empty", "", "", 0, 0, 0, 0, 0, "E", 0, 0, 0, "N", 31, 10},
-};
-
-class FromDMS : public testing::TestWithParam<DMSCase> {};
-
-TEST_P(FromDMS, ReadsValuesAndKeepsPartsAsTyped) {
-    const DMSCase& c = GetParam();
-    const VertexRef v = vertexFromDMS(QString::fromUtf8(c.lonText), QString::fromUtf8(c.latText));
-    ASSERT_NE(v, nullptr);
-    EXPECT_NEAR(v->lon, c.lon, 1e-12);
-    EXPECT_NEAR(v->lat, c.lat, 1e-12);
-    EXPECT_EQ(v->lon_degr, c.lonDegrees);
-    EXPECT_EQ(v->lon_min, c.lonMinutes);
-    EXPECT_EQ(v->lon_sec, c.lonSeconds);
-    EXPECT_EQ(v->lon_Hemisphere, QString::fromUtf8(c.lonLetter));
-    EXPECT_EQ(v->lat_Degr, c.latDegrees);
-    EXPECT_EQ(v->lat_min, c.latMinutes);
-    EXPECT_EQ(v->lat_sec, c.latSeconds);
-    EXPECT_EQ(v->lat_Hemisphere, QString::fromUtf8(c.latLetter));
-    EXPECT_EQ((*v->utmZ)[0], 0);
-    EXPECT_EQ((*v->utmZ)[1], c.zone);
-    EXPECT_EQ((*v->utmZ)[2], c.band);
-
-    double e = 0, n = 0;
-    referenceForward(zoneMeridian(std::llabs(c.zone)), c.lon, c.lat, e, n);
-    EXPECT_NEAR(v->utmE, e, metreTolerance);
-    EXPECT_NEAR(v->utmN, n, metreTolerance);
-    EXPECT_TRUE(v->checked);
-    EXPECT_FALSE(v->saved);
-}
-
-INSTANTIATE_TEST_SUITE_P(Builders, FromDMS, testing::ValuesIn(dmsCases),
-                         [](const auto& row) { return std::string(row.param.name); });
-
-struct QuoteCase {
-    const char* name;
-    const char* typographic;
-    const char* plain;
-};
-
-void PrintTo(const QuoteCase& c, std::ostream* out) {
-    *out << c.name;
-}
-
-// Texts pasted from a word processor carry curly quotes.
-const QuoteCase quoteCases[] = {
-    {"right_single_and_right_double", "45° 30\u2019 15.5\u201D N", "45° 30' 15.5\" N"},
-    {"left_double", "45° 30\u2019 15.5\u201C N", "45° 30' 15.5\" N"},
-    {"south_with_curly_quotes", "33° 51\u2019 36\u201D S", "33° 51' 36\" S"},
-    {"no_blank_before_letter", "8° 0\u2019 1\u201DW", "8° 0' 1\"W"},
-};
-
-void expectSameRecord(const Vertex& a, const Vertex& b) {
-    EXPECT_EQ(a.lat, b.lat);
-    EXPECT_EQ(a.lon, b.lon);
-    EXPECT_EQ(a.utmE, b.utmE);
-    EXPECT_EQ(a.utmN, b.utmN);
-    EXPECT_EQ(*a.utmZ, *b.utmZ);
-    EXPECT_EQ(a.lat_Degr, b.lat_Degr);
-    EXPECT_EQ(a.lat_min, b.lat_min);
-    EXPECT_EQ(a.lat_sec, b.lat_sec);
-    EXPECT_EQ(a.lon_degr, b.lon_degr);
-    EXPECT_EQ(a.lon_min, b.lon_min);
-    EXPECT_EQ(a.lon_sec, b.lon_sec);
-    EXPECT_EQ(a.lat_Hemisphere, b.lat_Hemisphere);
-    EXPECT_EQ(a.lon_Hemisphere, b.lon_Hemisphere);
-}
-
-class FromDMSWithCurlyQuotes : public testing::TestWithParam<QuoteCase> {};
-
-TEST_P(FromDMSWithCurlyQuotes, SameRecordAsPlainQuotes) {
-    const QuoteCase& c = GetParam();
-    const QString typographic = QString::fromUtf8(c.typographic);
-    const QString plain = QString::fromUtf8(c.plain);
-    const VertexRef fromPlain = vertexFromDMS(plain, plain);
-    // A value must come out of it, or the comparison proves nothing.
-    ASSERT_NE(fromPlain->lat, 0);
-    ASSERT_NE(fromPlain->lon, 0);
-    expectSameRecord(*vertexFromDMS(typographic, typographic), *fromPlain);
-    expectSameRecord(*vertexFromDMS(typographic, plain), *fromPlain);
-    expectSameRecord(*vertexFromDMS(plain, typographic), *fromPlain);
-}
-
-INSTANTIATE_TEST_SUITE_P(Builders, FromDMSWithCurlyQuotes, testing::ValuesIn(quoteCases),
-                         [](const auto& row) { return std::string(row.param.name); });
-
-// ---------------------------------------------------------------------------------------------
-
-struct UTMCase {
-    const char* name;
-    double easting, northing;
-    const char* zoneText;
-    std::int64_t zone;   // as the record ends: signed by the computed latitude
-    std::int64_t marker; // 5 south, 15 north, from the zone text
-};
-
-void PrintTo(const UTMCase& c, std::ostream* out) {
-    *out << c.name;
-}
-
-const UTMCase utmCases[] = {
-    {"no_letter_is_north", 500000, 4982950.4, "32", 32, 15},
-    {"north_letter", 500000, 4982950.4, "32 N", 32, 15},
-    {"south_letter", 333471.8, 6253018.2, "56 S", -56, 5},
-    {"minus_sign_is_south", 333471.8, 6253018.2, "-56", -56, 5},
-    {"south_letter_in_lower_case", 333471.8, 6253018.2, "56 s", -56, 5},
-    {"south_letter_without_blank", 333471.8, 6253018.2, "56S", -56, 5},
-    {"minus_sign_wins_over_north_letter", 333471.8, 6253018.2, "-56 N", -56, 5},
-    {"band_letter_is_not_a_hemisphere", 500000, 4982950.4, "32T", 32, 15},
-    {"three_digits_read_as_two", 500000, 4982950.4, "123", 12, 15},
-    {"single_digit", 640000, 7200000, "7", 7, 15},
-    {"text_before_zone", 500000, 4982950.4, "zone 32", 32, 15},
-    {"zone_61", 400000, 1000000, "61", 61, 15},
-    {"west_of_greenwich", 450000, 4000000, "10", 10, 15},
-    {"south_west", 700000, 8000000, "19 S", -19, 5},
-    // A northing above the false northing is north of the equator even in the south.
-    {"zone_sign_follows_latitude", 500000, 10500000, "32 S", 32, 5},
-};
-
-class FromUTM : public testing::TestWithParam<UTMCase> {};
-
-TEST_P(FromUTM, LocationMatchesTheExactInverse) {
-    const UTMCase& c = GetParam();
+// The smallest 64-bit zone has no positive counterpart: it must be refused, not overflow.
+TEST(Inverse, SmallestIntegerZoneIsRefusedAndKeepsTheOutputs) {
+    double lon = 123, lat = 45;
     RecordingMessageBox box;
-    const VertexRef v = vertexFromUTM(c.easting, c.northing, QString::fromUtf8(c.zoneText), box);
-    ASSERT_NE(v, nullptr);
-    EXPECT_TRUE(box.shown.isEmpty()) << box.shown.join(QStringLiteral(" / ")).toStdString();
-    EXPECT_EQ(v->utmE, c.easting);
-    EXPECT_EQ(v->utmN, c.northing);
-    EXPECT_EQ((*v->utmZ)[0], 0);
-    EXPECT_EQ((*v->utmZ)[1], c.zone);
-    EXPECT_EQ((*v->utmZ)[2], c.marker);
-
-    double lon = 0, lat = 0;
-    referenceInverse(std::llabs(c.zone), c.marker == 5, c.easting, c.northing, lon, lat);
-    EXPECT_NEAR(v->lat, lat, degreeTolerance);
-    EXPECT_NEAR(longitudeDifference(v->lon, lon), 0, degreeTolerance) << v->lon << " vs " << lon;
-
-    expectPartsOf(v->lon, v->lon_degr, v->lon_min, v->lon_sec);
-    expectPartsOf(v->lat, v->lat_Degr, v->lat_min, v->lat_sec);
-    EXPECT_EQ(v->lon_Hemisphere, v->lon < 0 ? QStringLiteral("W") : QStringLiteral("E"));
-    EXPECT_EQ(v->lat_Hemisphere, v->lat < 0 ? QStringLiteral("S") : QStringLiteral("N"));
-    EXPECT_TRUE(v->checked);
-    EXPECT_FALSE(v->selected);
-    EXPECT_FALSE(v->saved);
+    LatLon_UTM::utm2ll(500000, 4982950.4, lon, lat, UtmZone{0, INT64_MIN, 15}, LatLon_UTM::wgs84,
+                       box);
+    EXPECT_EQ(box.shown, bothMessages);
+    EXPECT_EQ(lon, 123);
+    EXPECT_EQ(lat, 45);
 }
 
-INSTANTIATE_TEST_SUITE_P(Builders, FromUTM, testing::ValuesIn(utmCases),
-                         [](const auto& row) { return std::string(row.param.name); });
-
-TEST(Builders, MinusZoneAndSouthLetterGiveTheSameRecord) {
+// A row clicked in the table is edited as a copy: every field of the record, the same.
+TEST(Clone, CopiesEveryField) {
     RecordingMessageBox box;
-    const VertexRef letter = vertexFromUTM(333471.8, 6253018.2, QStringLiteral("56 S"), box);
-    const VertexRef minus = vertexFromUTM(333471.8, 6253018.2, QStringLiteral("-56"), box);
-    expectSameRecord(*letter, *minus);
-    EXPECT_TRUE(box.shown.isEmpty());
+    const VertexRef source = vertexFromUTM(333471.8, 6253018.2, QStringLiteral("56 S"), box);
+    source->label = QStringLiteral("Opera House");
+    source->checked = false;
+    source->selected = true;
+    source->saved = true;
+    const VertexRef copy = cloneLocation(*source);
+    ASSERT_NE(copy, source);
+    const auto fields = [](const Vertex& v) {
+        return std::tuple(v.lat, v.lon, v.utmE, v.utmN, *v.utmZ, v.lat_Degr, v.lat_min, v.lat_sec,
+                          v.lon_degr, v.lon_min, v.lon_sec, v.lat_Hemisphere, v.lon_Hemisphere,
+                          v.label, v.checked, v.selected, v.saved);
+    };
+    EXPECT_TRUE(fields(*copy) == fields(*source));
 }
-
-// The published check value read back: a location near 45 N 9 E.
-TEST(Builders, CheckValueComesBackNearItsLocation) {
-    RecordingMessageBox box;
-    const VertexRef v = vertexFromUTM(500000, 4982950.4, QStringLiteral("32"), box);
-    EXPECT_NEAR(v->lat, 45, 1e-6);
-    EXPECT_NEAR(v->lon, 9, 1e-9);
-}
-
-struct BadZoneCase {
-    const char* name;
-    const char* zoneText;
-    std::int64_t zone;   // index 1 as the record keeps it
-    std::int64_t marker; // index 2
-};
-
-void PrintTo(const BadZoneCase& c, std::ostream* out) {
-    *out << c.name;
-}
-
-const BadZoneCase badZoneCases[] = {
-    {"empty", "", 0, 15},
-    {"no_digits", "abc", 0, 15},
-    {"letter_only", "S", 0, 15},
-    {"zero", "0", 0, 15},
-    {"double_zero", "00", 0, 15},
-    {"minus_zero", "-0", 0, 15},
-    {"zero_south", "0 S", 0, 15},
-    {"zone_62", "62", 62, 15},
-    {"zone_62_south", "62 S", 62, 5},
-    {"zone_minus_62", "-62", 62, 5},
-    {"zone_99", "99", 99, 15},
-};
-
-class FromUTMBadZone : public testing::TestWithParam<BadZoneCase> {};
-
-TEST_P(FromUTMBadZone, BothMessagesAndLocationZero) {
-    const BadZoneCase& c = GetParam();
-    RecordingMessageBox box;
-    const VertexRef v = vertexFromUTM(500000, 4982950.4, QString::fromUtf8(c.zoneText), box);
-    ASSERT_NE(v, nullptr);
-    EXPECT_EQ(box.shown, QStringList({QStringLiteral("Invalid grid zone format"),
-                                      QStringLiteral("Unable to translate UTM to LL")}));
-    EXPECT_EQ(v->lat, 0);
-    EXPECT_EQ(v->lon, 0);
-    EXPECT_EQ(v->utmE, 500000);
-    EXPECT_EQ(v->utmN, 4982950.4);
-    EXPECT_EQ(*v->utmZ, (UtmZone{0, c.zone, c.marker}));
-    EXPECT_EQ(v->lat_Degr, 0);
-    EXPECT_EQ(v->lat_min, 0);
-    EXPECT_EQ(v->lat_sec, 0);
-    EXPECT_EQ(v->lon_degr, 0);
-    EXPECT_EQ(v->lon_min, 0);
-    EXPECT_EQ(v->lon_sec, 0);
-    EXPECT_EQ(v->lat_Hemisphere, QStringLiteral("N"));
-    EXPECT_EQ(v->lon_Hemisphere, QStringLiteral("E"));
-}
-
-INSTANTIATE_TEST_SUITE_P(Builders, FromUTMBadZone, testing::ValuesIn(badZoneCases),
-                         [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

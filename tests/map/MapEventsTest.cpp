@@ -1,21 +1,24 @@
 // The map as the controller sees it, on a fake map whose pixels map linearly to coordinates:
-// the armed modes and who clears them, pins kept in step with the list, the pointer read-out,
-// the distance modes, the contextual menu, the removal commands and the user's position.
+// the armed modes and what ends them, pins kept in step with the list, the pointer read-out, the
+// distances (against GeographicLib's geodesic), the contextual menu, the removal commands and
+// the user's position.
 
 #include "locationbook/MessageWindow.h"
 #include "support/FakeMapView.h"
 #include "support/FakeWindow.h"
+#include "support/QStringPrinting.h"
 
 #include <GeographicLib/Geodesic.hpp>
 
 #include <gtest/gtest.h>
 
-#include <ostream>
+#include <algorithm>
 #include <string>
 
 namespace {
 
 using Answer = MessageDialogView::Answer;
+const QString recordEntry = QStringLiteral("Record Entry");
 
 double geodesic(MapCoordinate a, MapCoordinate b) {
     double metres = 0;
@@ -27,81 +30,62 @@ double geodesic(MapCoordinate a, MapCoordinate b) {
 class MapTest : public testing::Test {
 protected:
     void SetUp() override { w.Map_Open(&map); }
-
-    // The coordinate the fake map gives for a pixel.
     MapCoordinate at(int x, int y) const { return *map.convertPointToCoordinate(x, y); }
-
-    void record(const QString& typed, const QString& label = {}) {
+    void record(const char* typed, const char* label = "") {
         f.typeAndRecord(f.TextFieldDecDegrees, typed, label);
     }
-
     void click(int x, int y) {
         w.Map_MouseDown(x, y, false);
         w.Map_MouseUp(x, y);
     }
+    QString distance(double metres) const { return w.unitFmt.stringFromDistance(metres); }
 
     FakeWindow f;
     Window1& w = f.window();
     FakeMapView map;
 };
 
-// --- Opening, moving, region changes ---------------------------------------------------------
-
-TEST_F(MapTest, OpenShowsTheControlsAndPlacesTheReadout) {
-    EXPECT_TRUE(map.showsScale);
-    EXPECT_TRUE(map.showsCompass);
-    EXPECT_TRUE(map.showsZoomControls);
+TEST_F(MapTest, OpenMovesAndMapTypes) {
+    EXPECT_TRUE(map.showsScale && map.showsCompass && map.showsZoomControls);
+    // The pointer's hot spot is the middle of its 31 x 21 picture, in whole pixels.
     EXPECT_EQ(map.cursor.pictureName, QStringLiteral("scopeCurs"));
-    // The right edge of the read-out on the map's right edge.
+    EXPECT_EQ(map.cursor.hotSpotX, 15);
+    EXPECT_EQ(map.cursor.hotSpotY, 10);
+    // The read-out's right edge on the map's right edge.
     EXPECT_EQ(f.Rectangle1.x + f.Rectangle1.w, map.mapLeft + map.mapWidth);
     EXPECT_EQ(f.LabelLatLon.x, map.mapLeft + map.mapWidth - 200);
     EXPECT_EQ(f.LabelLatLon.w, 200);
-}
 
-TEST_F(MapTest, LoadMapPutsTheZoomBack) {
     map.zoomLevel = 3;
     w.LoadMap(-33.5, 151.25);
     EXPECT_EQ(map.zoomLevel, 8.0);
     EXPECT_EQ(map.centre.latitude, -33.5);
     EXPECT_EQ(map.centre.longitude, 151.25);
-}
-
-TEST_F(MapTest, RegionChangeWithoutAnAddressTouchesNothingButTheCursor) {
-    record(QStringLiteral("10 20"));
-    const VertexRef before = w.theLocation;
-    const int cursorSets = map.cursorSets;
-    w.Map_regionDidChangeAnimated();
-    EXPECT_EQ(w.theLocation, before);
-    EXPECT_EQ(map.cursorSets, cursorSets + 1);
-}
-
-TEST_F(MapTest, OnlyReturnAndEnterInAFilledAddressFieldSearch) {
-    // (key, text, searches): the handler's result says whether the key was taken.
-    const std::tuple<int, const char*, bool> keys[] = {{13, "", false},
-                                                       {3, "", false},
-                                                       {65, "Rome", false},
-                                                       {3, "Rome", true},
-                                                       {13, "Oslo", true}};
-    std::vector<QString> searched;
-    for (const auto& [key, text, searches] : keys) {
-        f.type(f.addressTextField, QString::fromLatin1(text));
-        EXPECT_EQ(w.addressTextField_KeyDown(key), searches) << key << text;
-        if (searches)
-            searched.push_back(QString::fromLatin1(text));
+    record("10 20");
+    const auto moves = map.centreMoves.size();
+    const VertexRef shown = w.theLocation;
+    for (int type : {2, 1, 0}) {
+        w.SegmentedControl1_Action(type);
+        EXPECT_EQ(map.mapType, type);
     }
-    EXPECT_EQ(map.addressesShown, searched);
+    const int cursorSets = map.cursorSets;
+    w.Map_regionDidChangeAnimated(); // without an address search: only the cursor
+    EXPECT_EQ(map.cursorSets, cursorSets + 1);
+    EXPECT_EQ(map.centreMoves.size(), moves);
+    EXPECT_EQ(w.theLocation, shown);
 }
 
 TEST_F(MapTest, FoundAddressBecomesTheLocationAtTheCentre) {
     f.type(f.addressTextField, QStringLiteral("Paris"));
     EXPECT_EQ(f.SearchButton.captionText, QStringLiteral("Find Address"));
     w.SearchButton_Action();
-    ASSERT_EQ(map.addressesShown, (std::vector<QString>{QStringLiteral("Paris")}));
+    EXPECT_FALSE(w.addressTextField_KeyDown('a'));
+    EXPECT_TRUE(w.addressTextField_KeyDown(13)); // Return searches, as the button does
+    EXPECT_TRUE(w.addressTextField_KeyDown(3));
+    EXPECT_EQ(map.addressesShown, std::vector<QString>(3, QStringLiteral("Paris")));
     w.tappingMap = true;
     map.centre = MapCoordinate{48.857, 2.351};
-
     w.Map_regionDidChangeAnimated();
-
     ASSERT_TRUE(w.theLocation);
     EXPECT_DOUBLE_EQ(w.theLocation->lat, 48.857);
     EXPECT_DOUBLE_EQ(w.theLocation->lon, 2.351);
@@ -109,253 +93,195 @@ TEST_F(MapTest, FoundAddressBecomesTheLocationAtTheCentre) {
     EXPECT_FALSE(w.theLocation->saved);
     EXPECT_FALSE(w.tappingMap);
     EXPECT_TRUE(w.gettingAddressLoc) << "a later pan makes a new location again";
-    EXPECT_EQ(f.SearchButton.captionText, QStringLiteral("Record Entry"));
-    EXPECT_TRUE(f.SearchButton.defaultButton);
+    EXPECT_EQ(f.SearchButton.captionText, recordEntry);
     EXPECT_EQ(f.TextFieldDecDegrees.value, QStringLiteral("48.857, 2.351"));
     EXPECT_TRUE(map.centreMoves.empty()) << "the form does not move the map it was read from";
 
-    // The next change: a location at the new centre, with no label any more.
-    map.centre = MapCoordinate{48.9, 2.4};
+    map.centre = MapCoordinate{48.9, 2.4}; // the next change: no label any more
     w.Map_regionDidChangeAnimated();
     EXPECT_DOUBLE_EQ(w.theLocation->lat, 48.9);
     EXPECT_TRUE(w.theLocation->label.isEmpty());
-
-    // Recording clears the address mode: panning no longer touches the form.
-    w.SearchButton_Action();
+    w.SearchButton_Action(); // recording ends the address mode: panning leaves the form
     const VertexRef recorded = w.theLocation;
     map.centre = MapCoordinate{10, 10};
     w.Map_regionDidChangeAnimated();
     EXPECT_EQ(w.theLocation, recorded);
+    EXPECT_FALSE(w.addressTextField_KeyDown(13)) << "the form emptied the address field";
 }
-
-TEST_F(MapTest, SegmentsChangeOnlyTheMapType) {
-    record(QStringLiteral("10 20"));
-    const auto centreMoves = map.centreMoves.size();
-    for (int type : {2, 1, 0}) {
-        w.SegmentedControl1_Action(type);
-        EXPECT_EQ(map.mapType, type);
-    }
-    EXPECT_EQ(map.centreMoves.size(), centreMoves);
-    EXPECT_EQ(w.locations.size(), 1u);
-}
-
-// --- A click that makes a location ---------------------------------------------------------------
 
 TEST_F(MapTest, ClickMapMakesTheLocationWhereTheButtonIsLetGo) {
     w.SearchButton_Action(); // "Click Map"
     ASSERT_TRUE(w.tappingMap);
     f.type(f.TextFieldLabel, QStringLiteral("typed before the click"));
-    const auto centreMoves = map.centreMoves.size();
+    // A release off the globe has no coordinate: nothing is made and the mode stays armed.
+    w.Map_MouseDown(10, 100000, false);
+    w.Map_MouseUp(10, 100000);
+    EXPECT_TRUE(w.tappingMap);
+    EXPECT_FALSE(w.theLocation);
 
     EXPECT_TRUE(w.Map_MouseDown(100, 100, false));
     w.Map_MouseUp(200, 300);
-
     const MapCoordinate release = at(200, 300);
     ASSERT_TRUE(w.theLocation);
     EXPECT_DOUBLE_EQ(w.theLocation->lat, release.latitude);
     EXPECT_DOUBLE_EQ(w.theLocation->lon, release.longitude);
     EXPECT_EQ(w.lat, release.latitude);
-    EXPECT_EQ(w.theLocation->label, w.coordinateText(release.latitude, release.longitude));
+    EXPECT_EQ(w.theLocation->label, QStringLiteral("47°, 2°"));
     EXPECT_EQ(f.TextFieldLabel.value, w.theLocation->label);
-    EXPECT_FALSE(w.tappingMap);
-    EXPECT_FALSE(w.gettingAddressLoc);
+    EXPECT_FALSE(w.tappingMap || w.gettingAddressLoc);
     EXPECT_TRUE(w.locations.empty()) << "made, not recorded";
-    EXPECT_EQ(f.SearchButton.captionText, QStringLiteral("Record Entry"));
+    EXPECT_EQ(f.SearchButton.captionText, recordEntry);
     EXPECT_GT(f.SearchButton.focusRequests, 0);
-    EXPECT_EQ(map.centreMoves.size(), centreMoves) << "the map stays where it was clicked";
+    EXPECT_TRUE(map.centreMoves.empty()) << "the map stays where it was clicked";
     EXPECT_TRUE(map.scrollEnabled);
-    ASSERT_TRUE(w.currentPin);
-    EXPECT_TRUE(map.hasPin(w.currentPin));
+    EXPECT_TRUE(w.currentPin && map.hasPin(w.currentPin));
 
-    // Unarmed, a click changes only the points and the press place.
+    // Unarmed, a press changes only the points and the press place; a contextual press only
+    // notes the place.
     const VertexRef made = w.theLocation;
+    w.mpt.clear();
     click(10, 20);
     EXPECT_EQ(w.theLocation, made);
-    EXPECT_EQ(w.xDown, 10);
-    EXPECT_EQ(w.yDown, 20);
-}
-
-TEST_F(MapTest, ContextualPressOnlyNotesThePlace) {
-    w.mpt.clear();
+    EXPECT_EQ(w.mpt.size(), 1u);
     EXPECT_FALSE(w.Map_MouseDown(7, 8, true));
     EXPECT_EQ(w.xDown, 7);
     EXPECT_EQ(w.yDown, 8);
-    EXPECT_TRUE(w.mpt.empty());
-    EXPECT_TRUE(w.Map_MouseDown(9, 9, false));
     EXPECT_EQ(w.mpt.size(), 1u);
-}
-
-// A release off the globe has no coordinate: nothing is made and the mode stays armed.
-TEST_F(MapTest, ReleaseOffTheGlobeKeepsTheModeArmed) {
-    w._FileNewLocationatMapClick_Action();
-    w.Map_MouseDown(10, 100000, false);
-    w.Map_MouseUp(10, 100000);
-    EXPECT_TRUE(w.tappingMap);
-    EXPECT_FALSE(w.theLocation);
-    click(10, 10);
-    EXPECT_FALSE(w.tappingMap);
-    ASSERT_TRUE(w.theLocation);
 }
 
 TEST_F(MapTest, ReadoutFollowsThePointerInTheOrderOfTheButtons) {
     w.Map_MouseEnter();
-    EXPECT_TRUE(f.LabelLatLon.visible);
-    EXPECT_TRUE(f.Rectangle1.visible);
+    EXPECT_TRUE(f.LabelLatLon.visible && f.Rectangle1.visible);
     w.Map_MouseMove(150, 250);
-    const MapCoordinate here = at(150, 250);
-    EXPECT_EQ(f.LabelLatLon.value, w.coordinateText(here.latitude, here.longitude));
-    EXPECT_TRUE(f.LabelLatLon.value.startsWith(QStringLiteral("47.5°, 1.5")));
+    EXPECT_EQ(f.LabelLatLon.value, QStringLiteral("47.5°, 1.5°"));
     f.clickRadioButton2();
     w.Map_MouseMove(150, 250);
-    EXPECT_TRUE(f.LabelLatLon.value.startsWith(QStringLiteral("1.5")));
+    EXPECT_EQ(f.LabelLatLon.value, QStringLiteral("1.5°, 47.5°"));
+    w.Map_MouseMove(150, 100000); // off the globe: the text stays
+    EXPECT_EQ(f.LabelLatLon.value, QStringLiteral("1.5°, 47.5°"));
     w.Map_MouseExit();
-    EXPECT_FALSE(f.LabelLatLon.visible);
-    EXPECT_FALSE(f.Rectangle1.visible);
-    EXPECT_FALSE(f.LabelLatLon.value.isEmpty()) << "the text stays";
-}
-
-TEST(CoordinateText, PlainNumbersWithDegreeSigns) {
-    FakeWindow f;
-    EXPECT_EQ(f->coordinateText(45.5, 9.25), QStringLiteral("45.5°, 9.25°"));
-    EXPECT_EQ(f->coordinateText(-33.868820000000001, 151.209296),
-              QStringLiteral("-33.86882°, 151.209296°"));
-    f.clickRadioButton2();
-    EXPECT_EQ(f->coordinateText(45.5, 9.25), QStringLiteral("9.25°, 45.5°"));
+    EXPECT_FALSE(f.LabelLatLon.visible || f.Rectangle1.visible);
+    // Plain numbers: the shortest text that reads back.
+    EXPECT_EQ(w.coordinateText(-33.868820000000001, 151.209296),
+              QStringLiteral("151.209296°, -33.86882°"));
 }
 
 // --- Pins ----------------------------------------------------------------------------------------
 
-TEST_F(MapTest, PinsFollowTheListWithTheirTexts) {
-    record(QStringLiteral("45.5 9.25"));
-    record(QStringLiteral("-33.5 151.25"), QStringLiteral("Sydney"));
-    ASSERT_EQ(w.Pins.size(), 2u);
+TEST_F(MapTest, PinsFollowTheListAndAreChosenByIdentity) {
+    record("45.5 9.25");
+    record("-33.5 151.25", "Sydney");
+    record("-33.5 151.25", "Sydney again"); // the same place
+    ASSERT_EQ(w.Pins.size(), 3u);
     EXPECT_EQ(w.Pins[0]->title(), QStringLiteral("45.5°, 9.25°"));
     EXPECT_TRUE(w.Pins[0]->subtitle().isEmpty());
     EXPECT_EQ(w.Pins[1]->title(), QStringLiteral("Sydney"));
     EXPECT_EQ(w.Pins[1]->subtitle(), QStringLiteral("-33.5°, 151.25°"));
-    EXPECT_EQ(w.Pins[1]->coordinate.latitude, -33.5);
-    for (const MapPinRef& pin : w.Pins)
-        EXPECT_TRUE(map.hasPin(pin));
-    EXPECT_FALSE(map.hasPin(w.currentPin)) << "a recorded location shows through its pin";
-    EXPECT_EQ(map.pins.size(), 2u);
-
-    // The order buttons don't rebuild the pins.
-    f.clickRadioButton2();
+    EXPECT_EQ(map.pins, w.Pins) << "a recorded location shows through its pin alone";
+    f.clickRadioButton2(); // the order buttons don't rebuild the pins
     EXPECT_EQ(w.Pins[0]->title(), QStringLiteral("45.5°, 9.25°"));
-}
+    EXPECT_TRUE(w._MapShowAllLocations_Action());
+    EXPECT_EQ(map.annotationsShown, w.Pins);
+    EXPECT_TRUE(map.lastShowAnimated);
 
-TEST_F(MapTest, PinChosenByIdentityBringsThatRecordToTheForm) {
-    record(QStringLiteral("10 20"), QStringLiteral("first"));
-    record(QStringLiteral("10 20"), QStringLiteral("second")); // the same place
-    w.Map_didSelectAnnotationView(w.Pins[1]);
-    EXPECT_EQ(w.selectedLoc, 1);
-    EXPECT_EQ(w.theLocation, w.locations[1]) << "the record itself, not a copy";
-    EXPECT_EQ(f.TextFieldLabel.value, QStringLiteral("second"));
+    w.Map_didSelectAnnotationView(w.Pins[2]);
+    EXPECT_EQ(w.selectedLoc, 2);
+    EXPECT_EQ(w.theLocation, w.locations[2]) << "the record itself, not a copy";
+    EXPECT_EQ(f.TextFieldLabel.value, QStringLiteral("Sydney again"));
     EXPECT_TRUE(map.hasPin(w.currentPin));
-
     // The current location's own pin, and no pin at all, change nothing.
-    const VertexRef shown = w.theLocation;
     w.Map_didSelectAnnotationView(w.currentPin);
     w.Map_didSelectAnnotationView(nullptr);
     w.Map_didSelectAnnotationView(std::make_shared<MapPin>());
-    EXPECT_EQ(w.theLocation, shown);
-    EXPECT_EQ(w.selectedLoc, 1);
-}
+    EXPECT_EQ(w.theLocation, w.locations[2]);
+    EXPECT_EQ(w.selectedLoc, 2);
 
-TEST_F(MapTest, CancelledPromptOnAPinChangesNothing) {
-    record(QStringLiteral("10 20"));
+    // An unrecorded location is asked about first: Cancel changes nothing but the modes,
+    // Record records it and then shows the pin's.
     w._FileNewLocation_Action();
     f.type(f.TextFieldDecDegrees, QStringLiteral("30 40"));
     w.TextFieldDecDegrees_KeyDown(13);
     const VertexRef unrecorded = w.theLocation;
+    w.Map_didSelectAnnotationView(w.currentPin); // its own pin asks nothing
+    EXPECT_TRUE(f.messageDialog.asked.empty());
     w.tappingMap = w.gettingAddressLoc = true;
-    f.messageDialog.answer = Answer::Cancel;
-
     w.Map_didSelectAnnotationView(w.Pins[0]);
-
     EXPECT_EQ(f.messageDialog.asked.size(), 1u);
     EXPECT_EQ(w.theLocation, unrecorded);
     EXPECT_EQ(w.selectedLoc, -1);
-    EXPECT_FALSE(w.tappingMap);
-    EXPECT_FALSE(w.gettingAddressLoc);
-
-    // "Record" first records the unrecorded one, then shows the pin's.
+    EXPECT_FALSE(w.tappingMap || w.gettingAddressLoc);
     f.messageDialog.answer = Answer::Action;
     w.Map_didSelectAnnotationView(w.Pins[0]);
-    EXPECT_EQ(w.locations.size(), 2u);
+    EXPECT_EQ(w.locations.size(), 4u);
+    EXPECT_EQ(w.Pins.size(), 4u);
     EXPECT_EQ(w.selectedLoc, 0);
-    EXPECT_EQ(w.Pins.size(), 2u);
-}
-
-TEST_F(MapTest, ShowAllGivesEveryRecordedPin) {
-    w._MapShowAllLocations_Action();
-    EXPECT_TRUE(map.annotationsShown.empty());
-    record(QStringLiteral("10 20"));
-    record(QStringLiteral("30 40"));
-    EXPECT_TRUE(w._MapShowAllLocations_Action());
-    EXPECT_EQ(map.annotationsShown, w.Pins);
-    EXPECT_TRUE(map.lastShowAnimated);
 }
 
 // --- Distances -----------------------------------------------------------------------------------
 
 TEST_F(MapTest, TwoClickDistance) {
-    EXPECT_TRUE(w._MapDistanceBetweenClickedPts_Action());
+    w.unitFmt.Units = 1;
+    EXPECT_TRUE(w.menuItemChosen(QStringLiteral("MapDistanceBetweenClickedPts")));
     EXPECT_TRUE(f.messageWindow.shown);
     EXPECT_EQ(f.messageWindow.label,
               QStringLiteral("Click two points on the map to get the distance."));
+    // Inside the window's top right corner, 10 pixels in.
     EXPECT_EQ(f.messageWindow.left, f.frame.x + f.frame.w - 286 - 10);
     EXPECT_EQ(f.messageWindow.top, f.frame.y + 10);
-    EXPECT_TRUE(w.gettingDist2Points);
     EXPECT_FALSE(map.scrollEnabled);
 
-    click(100, 100);
+    click(0, 0);
     EXPECT_TRUE(f.messageBox.shown.empty());
     EXPECT_TRUE(map.scrollEnabled) << "the release lets the map be dragged again";
-    // The running distance leads the read-out, which widens to the left.
-    w.Map_MouseMove(300, 200);
-    const double running = geodesic(at(100, 100), at(300, 200));
-    EXPECT_TRUE(f.LabelLatLon.value.startsWith(w.unitFmt.stringFromDistance(running) +
-                                               QStringLiteral(";  ")));
+    // The running distance leads the read-out, which widens to the left. One degree of
+    // latitude at 49.5 N: 111.2 km, written whole from 100 km.
+    w.Map_MouseMove(0, 100);
+    EXPECT_EQ(f.LabelLatLon.value, QStringLiteral("111 km;  49°, 0°"));
     EXPECT_EQ(f.LabelLatLon.w, 275);
     EXPECT_EQ(f.LabelLatLon.x, map.mapLeft + map.mapWidth - 275);
+    w.menuItemChosen(QStringLiteral("FormatImperialUnits"));
+    w.Map_MouseMove(300, 200);
+    EXPECT_EQ(f.LabelLatLon.value.section(';', 0, 0), distance(geodesic(at(0, 0), at(300, 200))));
+    EXPECT_TRUE(f.LabelLatLon.value.contains(" mi;"));
 
     click(300, 200);
     ASSERT_EQ(f.messageBox.shown.size(), 1);
-    EXPECT_EQ(f.messageBox.shown[0],
-              QStringLiteral("Distance = ") + w.unitFmt.stringFromDistance(running));
+    EXPECT_EQ(f.messageBox.shown[0], "Distance = " + distance(geodesic(at(0, 0), at(300, 200))));
     EXPECT_FALSE(w.gettingDist2Points);
     EXPECT_FALSE(f.messageWindow.shown);
     w.Map_MouseMove(10, 10);
     EXPECT_EQ(f.LabelLatLon.w, 200);
-}
 
-TEST_F(MapTest, UnitsChangeTheTextOfLaterDistances) {
-    w.unitFmt.Units = 1;
-    w._MapDistanceBetweenClickedPts_Action();
-    click(0, 0);
-    w.Map_MouseMove(0, 100); // one degree of latitude at 49.5 N: 111.2 km, whole from 100 km
-    EXPECT_TRUE(f.LabelLatLon.value.startsWith(QStringLiteral("111 km;  ")))
-        << f.LabelLatLon.value.toStdString();
-    w.menuItemChosen(QStringLiteral("FormatImperialUnits"));
-    w.Map_MouseMove(0, 100);
-    EXPECT_TRUE(f.LabelLatLon.value.startsWith(QStringLiteral("69.1 mi;  ")))
-        << f.LabelLatLon.value.toStdString();
-}
-
-TEST_F(MapTest, CancelEndsAMeasurementWithNothingKept) {
+    // Cancel in the message window ends a measurement with nothing kept.
     w._MapDistanceBetweenClickedPts_Action();
     click(100, 100);
     MessageWindow message;
     message.Event_Open({{3, true, nullptr}, {0, false, nullptr}, {0, true, &w}});
     ASSERT_EQ(message.w, &w);
     message.PushButton1_Action(f.messageWindow);
-    EXPECT_FALSE(w.gettingDist2Points);
-    EXPECT_FALSE(w.gettingDistFromPt);
+    EXPECT_FALSE(w.gettingDist2Points || w.gettingDistFromPt);
     EXPECT_TRUE(w.mpt.empty());
     EXPECT_FALSE(f.messageWindow.shown);
     click(300, 300);
-    EXPECT_TRUE(f.messageBox.shown.empty()) << "a new measurement starts from nothing";
+    EXPECT_EQ(f.messageBox.shown.size(), 1) << "a new measurement starts from nothing";
+}
+
+TEST_F(MapTest, UnitMarksAlwaysShowOneSystem) {
+    FakeMenuItem& metric = f.MainMenuBar[QStringLiteral("FormatMetricUnits")];
+    FakeMenuItem& imperial = f.MainMenuBar[QStringLiteral("FormatImperialUnits")];
+    const struct {
+        const char* item;
+        bool metric;
+    } steps[] = {{"FormatMetricUnits", false},
+                 {"FormatMetricUnits", true},
+                 {"FormatImperialUnits", false},
+                 {"FormatImperialUnits", true}};
+    for (const auto& step : steps) {
+        EXPECT_TRUE(w.menuItemChosen(step.item));
+        EXPECT_EQ(metric.marked, step.metric) << step.item;
+        EXPECT_EQ(imperial.marked, !step.metric);
+        EXPECT_EQ(distance(1500), step.metric ? "1.5 km" : "0.9 mi");
+    }
 }
 
 TEST(FrontWindow, FirstVisibleDocumentWindowThatIsAMainWindow) {
@@ -369,73 +295,48 @@ TEST(FrontWindow, FirstVisibleDocumentWindowThatIsAMainWindow) {
 
 TEST_F(MapTest, DistanceFromTheSelectedLocation) {
     EXPECT_FALSE(w._MapDistancefromCurrentPt_Action()) << "no row in the form";
-    EXPECT_FALSE(f.messageWindow.shown);
-    EXPECT_FALSE(w.gettingDistFromPt);
-
-    record(QStringLiteral("45 9"));
-    w.BatchListbox_CellClick(0, 1, 0, 0);
+    EXPECT_FALSE(f.messageWindow.shown || w.gettingDistFromPt);
+    record("45 9");
     f.TabPanel1.setSelectedPanelIndex(1);
-    EXPECT_TRUE(w._MapDistancefromCurrentPt_Action());
+    EXPECT_TRUE(w.menuItemChosen(QStringLiteral("MapDistancefromCurrentPt")));
     EXPECT_EQ(f.TabPanel1.page, 0);
     EXPECT_EQ(f.messageWindow.label,
               QStringLiteral("Click the point on the map to which to measure the distance."));
     EXPECT_FALSE(map.scrollEnabled);
-    ASSERT_EQ(w.mpt.size(), 1u);
-
+    w.Map_MouseMove(200, 200);
+    EXPECT_EQ(f.LabelLatLon.value.section(';', 0, 0), distance(geodesic({45, 9}, at(200, 200))));
     w.Map_MouseDown(200, 200, false);
     ASSERT_EQ(f.messageBox.shown.size(), 1);
-    EXPECT_EQ(f.messageBox.shown[0],
-              QStringLiteral("Distance = ") +
-                  w.unitFmt.stringFromDistance(geodesic({45, 9}, at(200, 200))));
-    EXPECT_FALSE(w.gettingDistFromPt);
+    EXPECT_EQ(f.messageBox.shown[0], "Distance = " + distance(geodesic({45, 9}, at(200, 200))));
+    EXPECT_FALSE(w.gettingDistFromPt || f.messageWindow.shown);
 }
 
-struct PathRow {
-    const char* name;
-    std::vector<int> selected;
-    const char* caption;
-};
-
-void PrintTo(const PathRow& row, std::ostream* os) {
-    *os << row.name;
-}
-
-const PathRow pathRows[] = {
-    {"TwoRows", {0, 2}, "Distance = "},
-    {"ThreeRowsInListOrder", {2, 0, 1}, "Distance along selected path = "},
-    {"SamePlaceTwice", {1, 3}, "Distance = "},
-};
-
-class SelectedPath : public MapTest, public testing::WithParamInterface<PathRow> {};
-
-TEST_P(SelectedPath, MeasuredAtOnceInTheOrderOfTheList) {
+// Rows selected on the table page are measured at once, in the order of the list.
+TEST_F(MapTest, DistanceAlongTheSelectedRows) {
     const MapCoordinate places[] = {{45, 9}, {46, 10}, {40, -3}, {46, 10}};
-    for (const MapCoordinate& p : places)
-        record(QStringLiteral("%1 %2").arg(p.latitude).arg(p.longitude));
+    for (const char* typed : {"45 9", "46 10", "40 -3", "46 10"})
+        record(typed);
     f.TabPanel1.setSelectedPanelIndex(1);
-    f.BatchListbox.setSelectedRows(GetParam().selected);
-    std::vector<int> inOrder = GetParam().selected;
-    std::sort(inOrder.begin(), inOrder.end());
-    double total = 0;
-    for (std::size_t k = 0; k + 1 < inOrder.size(); ++k)
-        total += geodesic(places[inOrder[k]], places[inOrder[k + 1]]);
-
-    w._MapDistanceBetweenClickedPts_Action();
-
-    ASSERT_EQ(f.messageBox.shown.size(), 1);
-    EXPECT_EQ(f.messageBox.shown[0],
-              QString::fromUtf8(GetParam().caption) + w.unitFmt.stringFromDistance(total));
-    EXPECT_FALSE(w.gettingDist2Points);
-    EXPECT_FALSE(f.messageWindow.shown);
-}
-
-INSTANTIATE_TEST_SUITE_P(Map, SelectedPath, testing::ValuesIn(pathRows),
-                         [](const auto& row) { return std::string(row.param.name); });
-
-TEST_F(MapTest, OneSelectedRowOnTheTablePageStartsTheClickMode) {
-    record(QStringLiteral("45 9"));
-    f.TabPanel1.setSelectedPanelIndex(1);
-    f.BatchListbox.setSelectedRows({0});
+    const struct {
+        std::vector<int> selected;
+        const char* caption;
+    } rows[] = {{{0, 2}, "Distance = "},
+                {{2, 0, 1}, "Distance along selected path = "},
+                {{1, 3}, "Distance = "}};
+    for (const auto& r : rows) {
+        f.messageBox.shown.clear();
+        f.BatchListbox.setSelectedRows(r.selected);
+        std::vector<int> inOrder = r.selected;
+        std::sort(inOrder.begin(), inOrder.end());
+        double total = 0;
+        for (std::size_t k = 0; k + 1 < inOrder.size(); ++k)
+            total += geodesic(places[inOrder[k]], places[inOrder[k + 1]]);
+        w._MapDistanceBetweenClickedPts_Action();
+        ASSERT_EQ(f.messageBox.shown.size(), 1);
+        EXPECT_EQ(f.messageBox.shown[0], r.caption + distance(total));
+        EXPECT_FALSE(w.gettingDist2Points || f.messageWindow.shown);
+    }
+    f.BatchListbox.setSelectedRows({0}); // one row: the clicks decide
     w._MapDistanceBetweenClickedPts_Action();
     EXPECT_TRUE(w.gettingDist2Points);
     EXPECT_EQ(f.TabPanel1.page, 1) << "the page is not changed";
@@ -443,26 +344,29 @@ TEST_F(MapTest, OneSelectedRowOnTheTablePageStartsTheClickMode) {
 
 // --- The contextual menu -------------------------------------------------------------------------
 
-TEST_F(MapTest, ContextualMenuNewLocationAtTheClick) {
+TEST_F(MapTest, ContextualMenu) {
     PopupMenuItem base;
     EXPECT_TRUE(w.Map_ConstructContextualMenu(base, 120, 80));
     ASSERT_EQ(base.children.size(), 2u);
-    EXPECT_EQ(base.children[0].Text, QStringLiteral("New Location at Click"));
-    EXPECT_EQ(base.children[1].Text, QStringLiteral("Distance to Current Location"));
+    w._FileNewLocation_Action(); // the distance needs a location on show
+    w.Map_ContextualMenuAction(base.children[1]);
+    EXPECT_TRUE(f.messageBox.shown.isEmpty());
     map.scrollEnabled = false;
-
-    PopupMenuItem chosen{QStringLiteral("new location at click"), false, {}}; // any case
-    EXPECT_FALSE(w.Map_ContextualMenuAction(chosen));
-
+    EXPECT_FALSE(w.Map_ContextualMenuAction(PopupMenuItem{"new location at click", false, {}}));
     const MapCoordinate click = at(120, 80);
     ASSERT_TRUE(w.theLocation);
     EXPECT_DOUBLE_EQ(w.theLocation->lat, click.latitude);
     EXPECT_EQ(w.theLocation->label, w.coordinateText(click.latitude, click.longitude));
     EXPECT_EQ(map.centre.latitude, click.latitude) << "the form centres the map on it";
-    EXPECT_FALSE(w.tappingMap);
-    EXPECT_FALSE(w.gettingAddressLoc);
-    EXPECT_EQ(f.SearchButton.captionText, QStringLiteral("Record Entry"));
+    EXPECT_FALSE(w.tappingMap || w.gettingAddressLoc);
+    EXPECT_EQ(f.SearchButton.captionText, recordEntry);
     EXPECT_TRUE(map.scrollEnabled);
+
+    w.Map_ConstructContextualMenu(base, 300, 100);
+    w.Map_ContextualMenuAction(base.children[1]);
+    ASSERT_EQ(f.messageBox.shown.size(), 1);
+    EXPECT_EQ(f.messageBox.shown[0],
+              "Distance to current location = " + distance(geodesic(at(300, 100), click)));
 
     // With the click mode armed, the form leaves the map where it is; the mode ends all the same.
     f.messageDialog.answer = Answer::Alternate; // drop the unrecorded one made above
@@ -474,22 +378,6 @@ TEST_F(MapTest, ContextualMenuNewLocationAtTheClick) {
     EXPECT_FALSE(w.tappingMap);
 }
 
-TEST_F(MapTest, ContextualMenuDistanceToTheLocationOnShow) {
-    record(QStringLiteral("45 9"));
-    PopupMenuItem base;
-    w.Map_ConstructContextualMenu(base, 300, 100);
-    w.Map_ContextualMenuAction(base.children[1]);
-    ASSERT_EQ(f.messageBox.shown.size(), 1);
-    EXPECT_EQ(f.messageBox.shown[0],
-              QStringLiteral("Distance to current location = ") +
-                  w.unitFmt.stringFromDistance(geodesic(at(300, 100), {45, 9})));
-
-    // After the form is cleared there is no location to measure to.
-    w._FileNewLocation_Action();
-    w.Map_ContextualMenuAction(base.children[1]);
-    EXPECT_EQ(f.messageBox.shown.size(), 1);
-}
-
 // --- Removal -------------------------------------------------------------------------------------
 
 class Removal : public MapTest {
@@ -497,7 +385,7 @@ protected:
     void SetUp() override {
         MapTest::SetUp();
         for (const char* typed : {"10 10", "20 20", "30 30", "40 40"})
-            record(QString::fromLatin1(typed), QString::fromLatin1(typed));
+            record(typed, typed);
     }
     QStringList labels() const {
         QStringList result;
@@ -508,89 +396,77 @@ protected:
     // Pins(i) belongs to locations(i), and the map holds exactly Pins.
     void expectPinsInStep() {
         ASSERT_EQ(w.Pins.size(), w.locations.size());
-        for (std::size_t i = 0; i < w.Pins.size(); ++i) {
+        for (std::size_t i = 0; i < w.Pins.size(); ++i)
             EXPECT_EQ(w.Pins[i]->coordinate.latitude, w.locations[i]->lat);
-            EXPECT_TRUE(map.hasPin(w.Pins[i]));
-        }
+        EXPECT_EQ(map.pins, w.Pins);
+        EXPECT_EQ(f.BatchListbox.lastRowIndex(), int(w.locations.size()) - 1);
+        EXPECT_FALSE(w.theLocation) << "the form is cleared";
+        EXPECT_FALSE(w.suppressUpdate);
     }
 };
 
-TEST_F(Removal, AllAfterTheQuestion) {
-    f.messageDialog.answer = Answer::Cancel;
-    EXPECT_TRUE(w._MapRemoveLocations_Action());
-    EXPECT_EQ(w.locations.size(), 4u);
-    ASSERT_EQ(f.messageDialog.asked.size(), 1u);
-    EXPECT_EQ(f.messageDialog.asked[0].message,
-              QStringLiteral("This will remove all of the locations you have entered in the "
-                             "program!"));
-    EXPECT_EQ(f.messageDialog.asked[0].actionCaption, QStringLiteral("Remove"));
-
-    f.messageDialog.answer = Answer::Action;
-    w._MapRemoveLocations_Action();
-    EXPECT_TRUE(w.locations.empty());
-    EXPECT_TRUE(w.Pins.empty());
-    EXPECT_TRUE(map.pins.empty());
-    EXPECT_EQ(f.BatchListbox.lastRowIndex(), -1);
-    EXPECT_FALSE(w.theLocation);
-}
-
-TEST_F(Removal, OneFromTheMapPageKeepsThePinsInStep) {
+TEST_F(Removal, OneFromTheMapPageOrTheSelectedRowsFromTheTable) {
     w.Map_didSelectAnnotationView(w.Pins[1]);
     const MapPinRef keptPin = w.Pins[2];
-    EXPECT_TRUE(w._EditRemoveLocations_Action());
+    EXPECT_TRUE(w.menuItemChosen(QStringLiteral("EditRemoveLocations")));
     EXPECT_EQ(labels(), (QStringList{"10 10", "30 30", "40 40"}));
     EXPECT_EQ(w.Pins[1], keptPin) << "no rebuild";
-    expectPinsInStep();
-    EXPECT_EQ(f.BatchListbox.lastRowIndex(), 2);
     EXPECT_EQ(w.selectedLoc, -1);
-    EXPECT_FALSE(w.suppressUpdate);
-}
+    expectPinsInStep();
 
-TEST_F(Removal, SelectedRowsFromTheTablePage) {
     f.TabPanel1.setSelectedPanelIndex(1);
     f.BatchListbox.setSelectedRows({0, 2});
     w._EditRemoveLocations_Action();
-    EXPECT_EQ(labels(), (QStringList{"20 20", "40 40"}));
+    EXPECT_EQ(labels(), (QStringList{"30 30"}));
     expectPinsInStep();
-    EXPECT_EQ(map.pins.size(), 2u);
-    EXPECT_EQ(f.BatchListbox.cellValueAt(1, 1), QStringLiteral("40 40"));
+    f.BatchListbox.setSelectedRows({}); // nothing selected: the form is still cleared
+    f.typeAndRecord(f.TextFieldDecDegrees, "1 1");
+    w._EditRemoveLocations_Action();
+    EXPECT_EQ(labels(), (QStringList{"30 30", ""}));
+    expectPinsInStep();
 }
 
-TEST_F(Removal, NothingSelectedStillClearsTheForm) {
-    f.TabPanel1.setSelectedPanelIndex(1); // selects the row in the form
-    f.BatchListbox.setSelectedRows({});
-    w._EditRemoveLocations_Action();
+TEST_F(Removal, AllAfterTheQuestion) {
+    EXPECT_TRUE(w.menuItemChosen(QStringLiteral("MapRemoveLocations"))); // Cancel
     EXPECT_EQ(w.locations.size(), 4u);
+    ASSERT_EQ(f.messageDialog.asked.size(), 1u);
+    EXPECT_EQ(f.messageDialog.asked[0].message,
+              "This will remove all of the locations you have entered in the program!");
+    EXPECT_TRUE(f.messageDialog.asked[0].iconType == 1 && f.messageDialog.asked[0].cancelVisible);
+    f.messageDialog.answer = Answer::Action;
+    w._MapRemoveLocations_Action();
+    EXPECT_TRUE(w.locations.empty());
     expectPinsInStep();
-    EXPECT_FALSE(w.theLocation);
-    EXPECT_EQ(f.SearchButton.captionText, QStringLiteral("Click Map"));
 }
 
 // --- The user's position -------------------------------------------------------------------------
 
 TEST_F(MapTest, UserPositionPolledUntilTheFirstFix) {
-    EXPECT_TRUE(w._MapShowUserLocation_Action());
+    map.userFix = MapCoordinate{48.2, 16.37};
+    w.TimerUserLocation_Action(); // not tracking: no position taken
+    EXPECT_NE(w.theLocation->label, QStringLiteral("Current Location"));
+
+    EXPECT_TRUE(w.menuItemChosen(QStringLiteral("MapShowUserLocation")));
     EXPECT_TRUE(map.showsUserLocation);
     EXPECT_EQ(f.TimerUserLocation.mode, 2);
-
+    map.userFix.reset();
     w.TimerUserLocation_Action(); // no fix yet
     EXPECT_EQ(f.TimerUserLocation.mode, 2);
     map.userFix = MapCoordinate{0, 12}; // a 0 counts as no position
     w.TimerUserLocation_Action();
     EXPECT_EQ(f.TimerUserLocation.mode, 2);
-    EXPECT_FALSE(w.theLocation && w.theLocation->label == QStringLiteral("Current Location"));
+    EXPECT_NE(w.theLocation->label, QStringLiteral("Current Location"));
 
-    record(QStringLiteral("1 2"));
+    record("1 2");
     map.userFix = MapCoordinate{48.2, 16.37};
     map.zoomLevel = 3;
     w.TimerUserLocation_Action();
-    ASSERT_TRUE(w.theLocation);
     EXPECT_EQ(w.theLocation->label, QStringLiteral("Current Location"));
     EXPECT_DOUBLE_EQ(w.theLocation->lat, 48.2);
     EXPECT_EQ(w.selectedLoc, -1);
     EXPECT_EQ(map.zoomLevel, 8.0);
     EXPECT_EQ(f.TextFieldDecDegrees.value, QStringLiteral("48.20, 16.37"));
-    EXPECT_EQ(f.SearchButton.captionText, QStringLiteral("Record Entry"));
+    EXPECT_EQ(f.SearchButton.captionText, recordEntry);
     EXPECT_FALSE(w.theLocation->saved);
     EXPECT_EQ(f.TimerUserLocation.mode, 0) << "one fix, one location";
     EXPECT_TRUE(f.MainMenuBar[QStringLiteral("MapShowUserLocation")].marked);
@@ -598,12 +474,6 @@ TEST_F(MapTest, UserPositionPolledUntilTheFirstFix) {
     w._MapShowUserLocation_Action();
     EXPECT_FALSE(map.showsUserLocation);
     EXPECT_EQ(w.theLocation->label, QStringLiteral("Current Location")) << "the form stays";
-}
-
-TEST_F(MapTest, UncheckedTrackingTakesNoPosition) {
-    map.userFix = MapCoordinate{48.2, 16.37};
-    w.TimerUserLocation_Action();
-    EXPECT_FALSE(w.theLocation && w.theLocation->label == QStringLiteral("Current Location"));
 }
 
 } // namespace
