@@ -1,7 +1,7 @@
 // The map as the controller sees it, on a fake map whose pixels map linearly to coordinates:
 // the armed modes and what ends them, pins kept in step with the list, the pointer read-out, the
-// distances (against GeographicLib's geodesic), the contextual menu, the removal commands and
-// the user's position.
+// distances (against GeographicLib's geodesic), a failed address search, the contextual menu, the
+// removal commands and the user's position.
 
 #include "locationbook/MessageWindow.h"
 #include "support/FakeMapView.h"
@@ -107,6 +107,30 @@ TEST_F(MapTest, FoundAddressBecomesTheLocationAtTheCentre) {
     w.Map_regionDidChangeAnimated();
     EXPECT_EQ(w.theLocation, recorded);
     EXPECT_FALSE(w.addressTextField_KeyDown(13)) << "the form emptied the address field";
+}
+
+// An address that names no place: nothing is said, no location is made, and the text waits to
+// be corrected. Regression: a pan after a failed search made a location at the centre labelled
+// with the address that was not found.
+TEST_F(MapTest, AddressNotFoundLeavesTheFormAndOffersToFindAgain) {
+    f.type(f.addressTextField, QStringLiteral("Zzqxv Qwv"));
+    w.SearchButton_Action();
+    ASSERT_EQ(map.addressesShown, (std::vector<QString>{QStringLiteral("Zzqxv Qwv")}));
+    w.Map_addressNotFound();
+    map.centre = MapCoordinate{47.5, 8.25};
+    w.Map_regionDidChangeAnimated();
+    EXPECT_FALSE(w.theLocation);
+    EXPECT_TRUE(f.messageBox.shown.isEmpty());
+    EXPECT_EQ(f.addressTextField.value, QStringLiteral("Zzqxv Qwv"));
+    EXPECT_EQ(f.SearchButton.captionText, QStringLiteral("Find Address"));
+    EXPECT_TRUE(f.SearchButton.defaultButton);
+
+    f.type(f.addressTextField, QStringLiteral("Zurich")); // corrected and found
+    w.SearchButton_Action();
+    map.centre = MapCoordinate{47.37, 8.54};
+    w.Map_regionDidChangeAnimated();
+    ASSERT_TRUE(w.theLocation);
+    EXPECT_EQ(w.theLocation->label, QStringLiteral("Zurich"));
 }
 
 TEST_F(MapTest, ClickMapMakesTheLocationWhereTheButtonIsLetGo) {
