@@ -18,6 +18,8 @@ void Window1::Event_Open() {
     unitFmt.Units = 0;
     unitFmt.UnitStyle = 1;
     const bool metric = QLocale().measurementSystem() == QLocale::MetricSystem;
+    unitFmt.localeUsesMetric = metric;
+    unitFmt.locale = numberLocale;
     MenuBarView& menu = *c.MainMenuBar;
     menu.item(QStringLiteral("FormatMetricUnits")).setHasCheckMark(metric);
     menu.item(QStringLiteral("FormatImperialUnits")).setHasCheckMark(!metric);

@@ -52,7 +52,9 @@ void Window1::Map_regionDidChangeAnimated() {
         theLocation->label = c.addressTextField->text();
         FillDetailsForm();
         tappingMap = false;
-        armedLocationMade();
+        // Only the button's state: the map moves in its own time, and the user may be typing
+        // in a field meanwhile.
+        setSearchButton(SearchButtonStates::recordEntry(), true);
     }
     mapview->setMouseCursor(curs);
 }

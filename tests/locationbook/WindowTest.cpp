@@ -178,16 +178,22 @@ TEST(TabChange, TablePageSelectsTheEditedRowAndRenamesTheDistanceItem) {
 }
 
 TEST(System, UnitsFollowTheLocaleAndThePanelTheAppearance) {
-    const std::pair<QLocale, bool> locales[] = {
-        {QLocale::c(), true},
-        {QLocale(QLocale::German, QLocale::Germany), true},
-        {QLocale(QLocale::English, QLocale::UnitedStates), false}};
-    for (const auto& [locale, metric] : locales) {
-        QLocale::setDefault(locale);
+    // Until a units item is chosen, distances are written as the ticked item says, with the
+    // locale's decimal mark.
+    const struct {
+        QLocale locale;
+        bool metric;
+        const char* distance; // of 1,500 m
+    } locales[] = {{QLocale::c(), true, "1.5 km"},
+                   {QLocale(QLocale::German, QLocale::Germany), true, "1,5 km"},
+                   {QLocale(QLocale::English, QLocale::UnitedStates), false, "0.9 mi"}};
+    for (const auto& r : locales) {
+        QLocale::setDefault(r.locale);
         FakeWindow f;
         QLocale::setDefault(QLocale::c());
-        EXPECT_EQ(f.MainMenuBar[QStringLiteral("FormatMetricUnits")].marked, metric);
-        EXPECT_EQ(f.MainMenuBar[QStringLiteral("FormatImperialUnits")].marked, !metric);
+        EXPECT_EQ(f.MainMenuBar[QStringLiteral("FormatMetricUnits")].marked, r.metric);
+        EXPECT_EQ(f.MainMenuBar[QStringLiteral("FormatImperialUnits")].marked, !r.metric);
+        EXPECT_EQ(f->unitFmt.stringFromDistance(1500), QString::fromLatin1(r.distance));
     }
     FakeWindow f;
     for (bool dark : {true, false, true}) { // changed while the window was in the background

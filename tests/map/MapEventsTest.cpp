@@ -94,6 +94,7 @@ TEST_F(MapTest, FoundAddressBecomesTheLocationAtTheCentre) {
     EXPECT_FALSE(w.tappingMap);
     EXPECT_TRUE(w.gettingAddressLoc) << "a later pan makes a new location again";
     EXPECT_EQ(f.SearchButton.captionText, recordEntry);
+    EXPECT_EQ(f.SearchButton.focusRequests, 0) << "the map's move leaves the keyboard alone";
     EXPECT_EQ(f.TextFieldDecDegrees.value, QStringLiteral("48.857, 2.351"));
     EXPECT_TRUE(map.centreMoves.empty()) << "the form does not move the map it was read from";
 
