@@ -51,6 +51,8 @@ const CellRow cellRows[] = {
      "33.50° S"},
     {"DMS_PatternSeconds", 9.0043055555555555, 45, {}, 5, "9° 0' 15.5\" E"},
     {"UTM_Metres", 9, 45, with({&F::UTMshowM}, {}), 7, "4982950.4 m N"},
+    {"DD_EastUnderOneDegree", 0.5, 10, with({&F::DDshowHemiLet}, {}), 3, "0.50 E"},
+    {"ZoneOneSouthByLetter", -177, -10, with({}, {&F::UTMnegZoneSouth}), 8, "1 S"},
 };
 
 class Cell : public testing::TestWithParam<CellRow> {};
