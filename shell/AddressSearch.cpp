@@ -7,8 +7,9 @@
 #include <marble/GeoDataCoordinates.h>
 #include <marble/GeoDataDocument.h>
 #include <marble/GeoDataPlacemark.h>
-#include <marble/GeoDataTreeModel.h>
+#include <marble/MarbleDirs.h>
 #include <marble/MarbleModel.h>
+#include <marble/ParsingRunnerManager.h>
 
 #include <QCoreApplication>
 #include <QNetworkAccessManager>
@@ -35,22 +36,11 @@ QByteArray userAgent() {
 
 } // namespace
 
-AddressSearch::AddressSearch(Marble::MarbleModel* places, QObject* parent)
-    : QObject(parent), model(places), onlineService(nominatimSearch) {
+AddressSearch::AddressSearch(Marble::MarbleModel* mapModel, QObject* parent)
+    : QObject(parent), model(mapModel), plugins(mapModel ? mapModel->pluginManager() : nullptr),
+      onlineService(nominatimSearch) {
     // One look-up among the places at a time: a newer text waits for it and older ones drop.
     worker.setMaxThreadCount(1);
-    // Every place the map holds is in its tree, whose changes (files loaded or closed with a
-    // change of look, the user's track, documents of others) all pass through these signals.
-    if (model) {
-        const QAbstractItemModel* tree = model->treeModel();
-        const auto changed = [this] { placesCopy.reset(); };
-        connect(tree, &QAbstractItemModel::rowsInserted, this, changed);
-        connect(tree, &QAbstractItemModel::rowsRemoved, this, changed);
-        connect(tree, &QAbstractItemModel::rowsMoved, this, changed);
-        connect(tree, &QAbstractItemModel::dataChanged, this, changed);
-        connect(tree, &QAbstractItemModel::layoutChanged, this, changed);
-        connect(tree, &QAbstractItemModel::modelReset, this, changed);
-    }
 }
 
 AddressSearch::~AddressSearch() {
@@ -69,23 +59,30 @@ void AddressSearch::find(const QString& text) {
     }
 }
 
-// On the model's thread: the copy taken after the last change of the map's places, or a new one.
-AddressSearch::LoadedPlaces AddressSearch::loadedPlaces() {
-    if (!model) {
-        return std::make_shared<const QVector<LoadedPlace>>();
+QVector<AddressSearch::LoadedPlace>
+AddressSearch::readPlaces(const Marble::PluginManager* plugins) {
+    QVector<LoadedPlace> read;
+    if (!plugins)
+        return read;
+    // The files the standard look shows its names from; their order decides between two places
+    // named alike and as populous, as it does among the map's own names.
+    const char* const files[] = {"cityplacemarks", "baseplacemarks", "elevplacemarks",
+                                 "otherplacemarks", "boundaryplacemarks"};
+    Marble::ParsingRunnerManager parsing(plugins);
+    for (const char* file : files) {
+        const QString path = Marble::MarbleDirs::path(
+            QStringLiteral("placemarks/%1.cache").arg(QLatin1String(file)));
+        if (path.isEmpty())
+            continue;
+        const std::unique_ptr<Marble::GeoDataDocument> document(
+            parsing.openFile(path, Marble::MapDocument));
+        if (document)
+            copyPlaces(*document, read);
     }
-    if (!placesCopy) {
-        auto places = std::make_shared<QVector<LoadedPlace>>();
-        places->reserve(placesBefore);
-        copyPlaces(*model->treeModel()->rootDocument(), *places);
-        placesBefore = places->size();
-        placesCopy = std::move(places);
-    }
-    return placesCopy;
+    return read;
 }
 
-// The places in the map's tree in its order, that of Marble's list of placemarks, so that of
-// two places named alike and as populous the same one wins as there.
+// The places of a document in its order.
 void AddressSearch::copyPlaces(const Marble::GeoDataContainer& container,
                                QVector<LoadedPlace>& places) {
     for (const Marble::GeoDataFeature* feature : container.featureList()) {
@@ -125,8 +122,10 @@ QVector<FoundPlace> AddressSearch::placesNamed(const QVector<LoadedPlace>& place
 void AddressSearch::startOffline() {
     offlineRunning = true;
     const Request request = latest;
-    worker.start([this, request, places = loadedPlaces()] {
-        const QVector<FoundPlace> named = placesNamed(*places, request.text);
+    worker.start([this, request] {
+        if (!knownPlaces)
+            knownPlaces = readPlaces(plugins);
+        const QVector<FoundPlace> named = placesNamed(*knownPlaces, request.text);
         QMetaObject::invokeMethod(
             this, [this, request, named] { offlineDone(request, named); }, Qt::QueuedConnection);
     });

@@ -1,7 +1,8 @@
 #pragma once
-// Finding a place by its name, as the map's address field asks: first among the places the map
-// has loaded (the cities of the world that come with Marble's data), then, for a name that is
-// none of them, on OpenStreetMap's Nominatim service when the map may go online.
+// Finding a place by its name, as the map's address field asks: first among the places that come
+// with Marble's data (the cities of the world, capitals, mountains, regions), read from their own
+// files so that every map look finds the same places, then, for a name that is none of them, on
+// OpenStreetMap's Nominatim service when the map may go online.
 //
 // Text accepted: any; it is trimmed and its runs of spaces made single.
 //   "Paris"          the largest of the places named Paris (Paris, France, not Paris, Texas)
@@ -21,7 +22,6 @@
 #include <QUrl>
 #include <QVector>
 
-#include <memory>
 #include <optional>
 
 class QNetworkAccessManager;
@@ -31,22 +31,23 @@ class QTimer;
 namespace Marble {
 class GeoDataContainer;
 class MarbleModel;
+class PluginManager;
 } // namespace Marble
 
 class AddressSearch : public QObject {
     Q_OBJECT
 
 public:
-    // The model must outlive the search: the places it has loaded are where names are looked up.
+    // The model must outlive the search: its plug-ins read the place files, and it says whether
+    // the map may go online.
     explicit AddressSearch(Marble::MarbleModel* model, QObject* parent = nullptr);
     ~AddressSearch() override;
 
-    // Looks the text up: the places loaded by the map first, then Nominatim unless the model
-    // works offline. Answers once, later, by found or notFound; a newer find supersedes an older
-    // one still running, which then never answers. Hardly blocks: the look-up among the places
-    // runs on a worker thread, through a copy of them taken here, on the model's thread, when
-    // the map's places have changed since the last copy (about 10 ms for the 23,000 named
-    // places of the plain map); the look-up online runs on the network's own thread.
+    // Looks the text up: Marble's places first, then Nominatim unless the model works offline.
+    // Answers once, later, by found or notFound; a newer find supersedes an older one still
+    // running, which then never answers. Never blocks: the places are read from their files on
+    // a worker thread at the first find, and looked up there; the look-up online runs on the
+    // network's own thread.
     void find(const QString& text);
 
     // Where online look-ups go: Nominatim's search address unless set (tests run a server of
@@ -63,15 +64,13 @@ private:
         QString text;
     };
 
-    // A place the map has loaded, as the worker sees it: Marble's models may be read only on the
-    // thread that changes them, which adds and drops places as files load and the user moves.
     struct LoadedPlace {
         QString name;
         FoundPlace place;
     };
-    using LoadedPlaces = std::shared_ptr<const QVector<LoadedPlace>>;
 
-    LoadedPlaces loadedPlaces();
+    // On the worker thread: Marble's place files, read with its own parsers.
+    static QVector<LoadedPlace> readPlaces(const Marble::PluginManager* plugins);
     static void copyPlaces(const Marble::GeoDataContainer& container, QVector<LoadedPlace>& places);
     static QVector<FoundPlace> placesNamed(const QVector<LoadedPlace>& places, const QString& text);
     void startOffline();
@@ -81,8 +80,9 @@ private:
     void onlineDone(QNetworkReply* reply, const Request& request);
 
     QPointer<Marble::MarbleModel> model;
-    LoadedPlaces placesCopy; // none yet, or the map's places have changed since it was taken
-    int placesBefore = 0;    // how many the last copy held, likely about as many as the next
+    const Marble::PluginManager* plugins = nullptr;
+    // Touched only by the worker, whose tasks run one at a time: read at the first find.
+    std::optional<QVector<LoadedPlace>> knownPlaces;
     QThreadPool worker;
     Request latest;
     bool offlineRunning = false;
