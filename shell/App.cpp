@@ -1,5 +1,6 @@
 #include "App.h"
 
+#include "MainWindow.h"
 #include "coordinates/LatLon_UTM.h"
 
 App::App(int& argc, char** argv) : QApplication(argc, argv) {
@@ -14,6 +15,10 @@ void App::Event_Open() {
 }
 
 bool App::_HelpAboutGeoquill_Action() {
-    // The About window comes with the small windows; until then the command is not carried out.
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* main = qobject_cast<MainWindow*>(window)) {
+            main->showAboutWindow();
+            return true;
+        }
     return false;
 }

@@ -15,6 +15,6 @@ public:
     // location.
     void Event_Open();
 
-    // Help > About Geoquill.
-    bool _HelpAboutGeoquill_Action();
+    // Help > About Geoquill: the About window over the main window, made anew if it was closed.
+    static bool _HelpAboutGeoquill_Action();
 };

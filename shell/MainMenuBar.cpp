@@ -137,6 +137,8 @@ void MainMenuBar::addItems(QMenu* menu, int firstRow, int endRow) {
             action = target->addAction(caption);
             action->setShortcut(QKeySequence(QString::fromLatin1(r.shortcut)));
             action->setCheckable(hasMark(name));
+            // A title heads its group of the Format menu: shown, never chosen.
+            action->setEnabled(r.command);
         }
         action->setObjectName(name);
         if (r.command)

@@ -1,15 +1,19 @@
 #include "MainWindow.h"
 
+#include "AboutWindow.h"
+#include "App.h"
 #include "BatchTableView.h"
 #include "CaptionFont.h"
 #include "FormatPopupButton.h"
 #include "ImportControlViews.h"
 #include "MainMenuBar.h"
+#include "MainWindowControls.h"
 #include "MarbleMapView.h"
 #include "ParseTextDialog.h"
 #include "TextFieldEvents.h"
 #include "files/ParseTextWindow.h"
 #include "locationbook/BatchTable.h"
+#include "locationbook/SearchButtonStates.h"
 #include "locationbook/Window1.h"
 
 #include <QAbstractButton>
@@ -22,30 +26,32 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QTabWidget>
 #include <QTimer>
 #include <QToolButton>
 
+#include <algorithm>
 #include <cstdio>
+#include <vector>
 
 namespace {
-
-constexpr int L = LockedLayout::Left, T = LockedLayout::Top, R = LockedLayout::Right,
-              B = LockedLayout::Bottom;
-
-const char* const latLonTooltip =
-    "Type a latitude, longitude pair separated by a comma, space, or tab. When you are finished, "
-    "press return or exit this field by selecting another field. The app will automatically "
-    "format the other forms of the location and fill the other text boxes.";
-const char* const utmTooltip =
-    "Type a UTM Eastings, Northings pair separated by a comma, space, or tab. Eastings are "
-    "always listed before Northings, regardless of which radio button, above, is selected. When "
-    "you are finished, press return or exit this field by selecting another field. The app will "
-    "automatically format the other forms of the location and fill the other text boxes.";
 
 void fitCaption(QWidget* control, const QString& caption, int width) {
     const int extra = qobject_cast<QRadioButton*>(control) ? 22 : 2; // the radio's circle
     control->setFont(captionFontToFit(control->font(), caption, width - extra));
+}
+
+// One caption size for a group of captions: the one the longest of them needs.
+void oneCaptionSize(const QList<QWidget*>& captions, qreal largest) {
+    qreal size = largest;
+    for (QWidget* w : captions)
+        size = qMin(size, w->font().pointSizeF());
+    for (QWidget* w : captions) {
+        QFont f = w->font();
+        f.setPointSizeF(size);
+        w->setFont(f);
+    }
 }
 
 } // namespace
@@ -97,6 +103,12 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {
     wireMap();
     resize(800, 650 + menu->sizeHint().height());
     setMinimumSize(536, 410 + menu->sizeHint().height());
+    // The one window lives as long as the program: File > Quit ends both, so no close button.
+    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                   Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint);
+    // Centred on the screen it opens on.
+    if (const QScreen* screen = QGuiApplication::primaryScreen())
+        move(screen->availableGeometry().center() - rect().center());
     // Controls open before their window.
     window1->BevelButtonFormatDD_Open();
     window1->BevelButtonFormatDMS_Open();
@@ -127,199 +139,195 @@ ParseTextWindow& MainWindow::showParseTextWindow() {
     return controller;
 }
 
+AboutWindow* MainWindow::showAboutWindow() {
+    if (!aboutWindow) {
+        aboutWindow = new AboutWindow(picturesView->picture(QStringLiteral("mapIcon")), this);
+        aboutWindow->Event_Open();
+    }
+    aboutWindow->show();
+    aboutWindow->raise();
+    aboutWindow->activateWindow();
+    return aboutWindow;
+}
+
 ParseTextDialog* MainWindow::importWindow() const {
     return importDialog;
 }
 
 void MainWindow::createControls() {
-    TabPanel1 = new QTabWidget(central);
-    TabPanel1->setObjectName(QStringLiteral("TabPanel1"));
-    auto* page0 = new QWidget;
-    auto* page1 = new QWidget;
-    TabPanel1->addTab(page0, QStringLiteral("Current Location"));
-    TabPanel1->addTab(page1, QStringLiteral("All Locations"));
-    layout->add(TabPanel1, QRect(20, 10, 760, 620), L | T | R | B);
-    createPage0(page0);
-
+    using namespace MainWindowControls;
     batchTable = std::make_unique<BatchTable>();
-    BatchTableView::Events tableEvents;
-    tableEvents.cellClick = [this](int row, int column, int x, int y) {
-        return window1 && window1->BatchListbox_CellClick(row, column, x, y);
-    };
-    tableEvents.cellBackgroundPaint = [this](GraphicsView& g, int row, int column) {
-        return window1 && window1->BatchListbox_CellBackgroundPaint(g, row, column);
-    };
-    BatchListbox = new BatchTableView(batchTable.get(), tableEvents, page1);
-    BatchListbox->setObjectName(QStringLiteral("BatchListbox"));
-    layout->add(BatchListbox, QRect(40, 48, 720, 562), L | T | R | B);
+    QWidget* pages[2] = {new QWidget, new QWidget};
+    QList<QWidget*> pageCaptions, segmentCaptions;
+    for (const ControlRow& row : windowControls) {
+        QWidget* parent = row.page < 0 ? central : pages[row.page];
+        QWidget* control = makeControl(row, parent);
+        control->setObjectName(QString::fromLatin1(row.name));
+        layout->add(control, row.place, row.locks);
+        if (row.kind == ControlKind::SegmentedControl)
+            segmentCaptions = control->findChildren<QWidget*>();
+        else if ((row.kind == ControlKind::Label && control != LabelLatLon) ||
+                 row.kind == ControlKind::RadioButton)
+            pageCaptions << control;
+    }
+    TabPanel1->addTab(pages[0], QString());
+    TabPanel1->addTab(pages[1], QString());
+    const QStringList tabs =
+        QString::fromLatin1(windowControls[0].caption).split(QLatin1Char('\r'));
+    for (int i = 0; i < tabs.size(); ++i)
+        TabPanel1->setTabText(i, tabs[i]);
+    // The map's read-out has a size of its own, and the map's own labels are not the page's.
+    oneCaptionSize(pageCaptions, font().pointSizeF());
+    oneCaptionSize(segmentCaptions, font().pointSizeF());
+    RadioButton1->setChecked(true);
+    SearchButton->setDefault(true);
+    SegmentedControl1->button(0)->setChecked(true);
+    // The read-out and the map types lie over the map.
+    Rectangle1->raise();
+    LabelLatLon->raise();
+    SegmentedControl1->button(0)->parentWidget()->raise();
+
+    for (const ControlTip& tip : controlTips)
+        findChild<QWidget*>(QString::fromLatin1(tip.name))
+            ->setToolTip(QString::fromLatin1(tip.tip));
+    for (const LabelFor& pair : fieldLabels) {
+        auto* label = findChild<QLabel*>(QString::fromLatin1(pair.label));
+        auto* field = findChild<QWidget*>(QString::fromLatin1(pair.field));
+        label->setBuddy(field);
+        // What a screen reader says of the field: its label, without the colon.
+        QString name = label->text();
+        if (name.endsWith(QLatin1Char(':')))
+            name.chop(1);
+        field->setAccessibleName(name);
+    }
+    TextFieldLabel->setAccessibleName(TextFieldLabel->placeholderText());
+    Map->setAccessibleName(QStringLiteral("Map"));
+    BatchListbox->setAccessibleName(tabs.value(1));
+
+    // The keyboard's way through each page, in the table's order.
+    std::vector<const ControlRow*> focusOrder;
+    for (const ControlRow& row : windowControls)
+        if (row.page == 0 && row.tab >= 0)
+            focusOrder.push_back(&row);
+    std::stable_sort(focusOrder.begin(), focusOrder.end(),
+                     [](const ControlRow* a, const ControlRow* b) { return a->tab < b->tab; });
+    QList<QWidget*> chain;
+    for (const ControlRow* row : focusOrder) {
+        auto* control = findChild<QWidget*>(QString::fromLatin1(row->name));
+        if (row->kind == ControlKind::SegmentedControl)
+            chain << control->findChildren<QWidget*>();
+        else
+            chain << control;
+    }
+    for (int i = 1; i < chain.size(); ++i)
+        setTabOrder(chain[i - 1], chain[i]);
 
     TimerUserLocation = new QTimer(this);
     TimerUserLocation->setObjectName(QStringLiteral("TimerUserLocation"));
     TimerUserLocation->setInterval(200);
 }
 
-QLineEdit* MainWindow::addTextField(QWidget* page, const char* name, QRect place, int locks) {
-    auto* field = new QLineEdit(page);
-    field->setObjectName(QString::fromLatin1(name));
-    layout->add(field, place, locks);
-    return field;
-}
-
-FormatPopupButton* MainWindow::addFormatButton(QWidget* page, const char* name, QRect place) {
-    auto* button = new FormatPopupButton(page);
-    button->setObjectName(QString::fromLatin1(name));
-    layout->add(button, place, T | R);
-    return button;
-}
-
-QLabel* MainWindow::addLabel(QWidget* page, const char* name, const QString& text, QRect place) {
-    auto* label = new QLabel(text, page);
-    label->setObjectName(QString::fromLatin1(name));
-    fitCaption(label, text, place.width());
-    layout->add(label, place, L | T);
-    return label;
-}
-
-void MainWindow::createPage0(QWidget* page) {
-    TextFieldUTM = addTextField(page, "TextFieldUTM", QRect(156, 156, 524, 22), L | T | R);
-    TextFieldUTM->setToolTip(QString::fromLatin1(utmTooltip));
-    addLabel(page, "Label5", QStringLiteral("UTM:"), QRect(32, 156, 112, 20));
-
-    RadioButton2 = new QRadioButton(QStringLiteral("Lon, Lat"), page);
-    RadioButton2->setObjectName(QStringLiteral("RadioButton2"));
-    RadioButton2->setToolTip(QStringLiteral("List the longitude value before the latitude value"));
-    fitCaption(RadioButton2, RadioButton2->text(), 85);
-    layout->add(RadioButton2, QRect(249, 54, 85, 20), L | T);
-    RadioButton1 = new QRadioButton(QStringLiteral("Lat, Lon"), page);
-    RadioButton1->setObjectName(QStringLiteral("RadioButton1"));
-    RadioButton1->setToolTip(QStringLiteral("List the latitude value before the longitude value"));
-    RadioButton1->setChecked(true);
-    fitCaption(RadioButton1, RadioButton1->text(), 81);
-    layout->add(RadioButton1, QRect(156, 54, 81, 20), L | T);
-    orderButtons = new QButtonGroup(this);
-    orderButtons->addButton(RadioButton1);
-    orderButtons->addButton(RadioButton2);
-    addLabel(page, "Label4", QStringLiteral("Entry is"), QRect(32, 54, 58, 20));
-
-    TextFieldDMS = addTextField(page, "TextFieldDMS", QRect(156, 122, 524, 22), L | T | R);
-    TextFieldDMS->setToolTip(QString::fromLatin1(latLonTooltip));
-    addLabel(page, "Label1", QStringLiteral("Degr.-Min.-Sec.:"), QRect(32, 122, 112, 20));
-
-    SearchButton = new QPushButton(QStringLiteral("Click Map"), page);
-    SearchButton->setObjectName(QStringLiteral("SearchButton"));
-    SearchButton->setToolTip(
-        QStringLiteral("Click this button and then click in the map to get the location data"));
-    SearchButton->setDefault(true);
-    layout->add(SearchButton, QRect(632, 191, 137, 20), T | R);
-
-    addressTextField = addTextField(page, "addressTextField", QRect(156, 189, 464, 22), L | T | R);
-    addressTextField->setPlaceholderText(QStringLiteral("Type address"));
-    addressTextField->setToolTip(
-        QStringLiteral("Type an address in this text field and then click the Find Address "
-                       "button to the right to get the location of that address"));
-
-    createMap(page);
-
-    TextFieldLabel = addTextField(page, "TextFieldLabel", QRect(346, 54, 423, 22), L | T | R);
-    TextFieldLabel->setPlaceholderText(QStringLiteral("Label"));
-    TextFieldLabel->setToolTip(
-        QStringLiteral("Type an optional label for the located point. This label will be shown "
-                       "in the map popups, listed in the batch table, and saved with the "
-                       "location data"));
-    TextFieldDecDegrees =
-        addTextField(page, "TextFieldDecDegrees", QRect(156, 88, 524, 22), L | T | R);
-    TextFieldDecDegrees->setToolTip(QString::fromLatin1(latLonTooltip));
-    addLabel(page, "Label3", QStringLiteral("Decimal Degrees:"), QRect(32, 88, 112, 20));
-    addLabel(page, "Label6", QStringLiteral("Address:"), QRect(32, 191, 112, 20));
-    BevelButtonFormatDD = addFormatButton(page, "BevelButtonFormatDD", QRect(692, 88, 78, 22));
-    BevelButtonFormatDMS = addFormatButton(page, "BevelButtonFormatDMS", QRect(692, 122, 78, 22));
-    BevelButtonFormatUTM = addFormatButton(page, "BevelButtonFormatUTM", QRect(692, 156, 78, 22));
-
-    // One caption size for the page's labels and order buttons: the one the longest needs.
-    qreal captionSize = font().pointSizeF();
-    // The map's read-out has a size of its own, and the map's own labels are not the page's.
-    const auto captions = page->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
-    const auto isCaption = [this](QWidget* w) {
-        return w != LabelLatLon && (qobject_cast<QLabel*>(w) || qobject_cast<QRadioButton*>(w));
-    };
-    for (QWidget* w : captions)
-        if (isCaption(w))
-            captionSize = qMin(captionSize, w->font().pointSizeF());
-    for (QWidget* w : captions)
-        if (isCaption(w)) {
-            QFont f = w->font();
-            f.setPointSizeF(captionSize);
-            w->setFont(f);
+QWidget* MainWindow::makeControl(const ControlRow& row, QWidget* parent) {
+    const QString caption = QString::fromUtf8(row.caption);
+    const QString name = QString::fromLatin1(row.name);
+    switch (row.kind) {
+    case ControlKind::TabPanel:
+        return TabPanel1 = new QTabWidget(parent);
+    case ControlKind::TextField: {
+        auto* field = new QLineEdit(parent);
+        field->setPlaceholderText(caption);
+        QLineEdit** member = name == QLatin1String("TextFieldUTM")          ? &TextFieldUTM
+                             : name == QLatin1String("TextFieldDMS")        ? &TextFieldDMS
+                             : name == QLatin1String("TextFieldDecDegrees") ? &TextFieldDecDegrees
+                             : name == QLatin1String("TextFieldLabel")      ? &TextFieldLabel
+                                                                            : &addressTextField;
+        return *member = field;
+    }
+    case ControlKind::Label: {
+        auto* label = new QLabel(caption, parent);
+        if (name == QLatin1String("LabelLatLon")) {
+            LabelLatLon = label;
+            label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            QFont readout = label->font();
+            readout.setPixelSize(16);
+            label->setFont(readout);
+            // Clicks and the pointer pass through to the map, which would otherwise see the
+            // pointer leave whenever it went under the read-out.
+            label->setAttribute(Qt::WA_TransparentForMouseEvents);
+            label->hide(); // shown while the pointer is over the map
+        } else {
+            fitCaption(label, caption, row.place.width());
         }
-
-    // Tab order within the page, as the fields are worked through.
-    setTabOrder(RadioButton1, TextFieldLabel);
-    setTabOrder(TextFieldLabel, TextFieldDecDegrees);
-    setTabOrder(TextFieldDecDegrees, TextFieldDMS);
-    setTabOrder(TextFieldDMS, TextFieldUTM);
-    setTabOrder(TextFieldUTM, addressTextField);
-    setTabOrder(addressTextField, SearchButton);
-}
-
-void MainWindow::createMap(QWidget* page) {
-    Map = new MarbleMapView(picturesView.get(), page);
-    Map->setObjectName(QStringLiteral("Map"));
-    layout->add(Map, QRect(32, 226, 737, 398), L | T | R | B);
-
-    // The pointer read-out over the map's top right corner, on its half-transparent panel.
-    // Clicks and the pointer pass through both to the map, which would otherwise see the
-    // pointer leave whenever it went under them.
-    Rectangle1 = new QWidget(page);
-    Rectangle1->setObjectName(QStringLiteral("Rectangle1"));
-    Rectangle1->setAttribute(Qt::WA_TransparentForMouseEvents);
-    Rectangle1->hide(); // shown while the pointer is over the map
-    layout->add(Rectangle1, QRect(592, 226, 173, 20), T | R);
-    LabelLatLon = new QLabel(page);
-    LabelLatLon->setObjectName(QStringLiteral("LabelLatLon"));
-    LabelLatLon->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    QFont readout = LabelLatLon->font();
-    readout.setPixelSize(16);
-    LabelLatLon->setFont(readout);
-    LabelLatLon->setAttribute(Qt::WA_TransparentForMouseEvents);
-    LabelLatLon->hide();
-    layout->add(LabelLatLon, QRect(519, 226, 250, 20), T | R);
-
-    // The map types, as one segmented control over the map's bottom left corner.
-    auto* segments = new QWidget(page);
-    segments->setObjectName(QStringLiteral("SegmentedControl1"));
-    auto* row = new QHBoxLayout(segments);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(0);
-    SegmentedControl1 = new QButtonGroup(this);
-    SegmentedControl1->setExclusive(true);
-    const QString captions[] = {QStringLiteral("Standard"), QStringLiteral("Satellite"),
-                                QStringLiteral("Hybrid")};
-    for (int i = 0; i < 3; ++i) {
-        auto* segment = new QToolButton(segments);
-        segment->setObjectName(QStringLiteral("SegmentedControl1_%1").arg(i));
-        segment->setText(captions[i]);
-        segment->setCheckable(true);
-        segment->setFocusPolicy(Qt::NoFocus);
-        segment->setFixedSize(73, 24);
-        fitCaption(segment, captions[i], 73);
-        row->addWidget(segment);
-        SegmentedControl1->addButton(segment, i);
+        return label;
     }
-    // One size for the three captions: the one the longest needs.
-    qreal segmentSize = font().pointSizeF();
-    for (QAbstractButton* segment : SegmentedControl1->buttons())
-        segmentSize = qMin(segmentSize, segment->font().pointSizeF());
-    for (QAbstractButton* segment : SegmentedControl1->buttons()) {
-        QFont f = segment->font();
-        f.setPointSizeF(segmentSize);
-        segment->setFont(f);
+    case ControlKind::RadioButton: {
+        auto* radio = new QRadioButton(caption, parent);
+        fitCaption(radio, caption, row.place.width());
+        if (!orderButtons)
+            orderButtons = new QButtonGroup(this);
+        orderButtons->addButton(radio);
+        return (name == QLatin1String("RadioButton1") ? RadioButton1 : RadioButton2) = radio;
     }
-    SegmentedControl1->button(0)->setChecked(true);
-    layout->add(segments, QRect(40, 593, 219, 24), L | B);
-
-    Rectangle1->raise();
-    LabelLatLon->raise();
-    segments->raise();
+    case ControlKind::Listbox: {
+        BatchTableView::Events tableEvents;
+        tableEvents.cellClick = [this](int r, int column, int x, int y) {
+            return window1 && window1->BatchListbox_CellClick(r, column, x, y);
+        };
+        tableEvents.cellBackgroundPaint = [this](GraphicsView& g, int r, int column) {
+            return window1 && window1->BatchListbox_CellBackgroundPaint(g, r, column);
+        };
+        return BatchListbox = new BatchTableView(batchTable.get(), tableEvents, parent);
+    }
+    case ControlKind::PushButton: {
+        const SearchButtonState first = SearchButtonStates::clickMap();
+        SearchButton = new QPushButton(first.caption, parent);
+        SearchButton->setToolTip(first.tooltip);
+        return SearchButton;
+    }
+    case ControlKind::Map:
+        Map = new MarbleMapView(picturesView.get(), parent);
+        // Reached by Tab, to pan with the arrow keys, but a click on the map leaves the keyboard
+        // in the field being typed in.
+        Map->setFocusPolicy(Qt::TabFocus);
+        return Map;
+    case ControlKind::Rectangle:
+        Rectangle1 = new QWidget(parent);
+        Rectangle1->setAttribute(Qt::WA_TransparentForMouseEvents);
+        Rectangle1->hide(); // shown while the pointer is over the map
+        return Rectangle1;
+    case ControlKind::SegmentedControl: {
+        auto* segments = new QWidget(parent);
+        auto* line = new QHBoxLayout(segments);
+        line->setContentsMargins(0, 0, 0, 0);
+        line->setSpacing(0);
+        SegmentedControl1 = new QButtonGroup(this);
+        SegmentedControl1->setExclusive(true);
+        const QStringList captions = caption.split(QLatin1Char('\t'));
+        const int width = row.place.width() / int(captions.size());
+        for (int i = 0; i < captions.size(); ++i) {
+            auto* segment = new QToolButton(segments);
+            segment->setObjectName(QStringLiteral("SegmentedControl1_%1").arg(i));
+            segment->setText(captions[i]);
+            segment->setAccessibleName(captions[i]);
+            segment->setCheckable(true);
+            segment->setFocusPolicy(Qt::TabFocus);
+            segment->setFixedSize(width, row.place.height());
+            fitCaption(segment, captions[i], width);
+            line->addWidget(segment);
+            SegmentedControl1->addButton(segment, i);
+        }
+        return segments;
+    }
+    case ControlKind::BevelButton: {
+        auto* button = new FormatPopupButton(parent);
+        FormatPopupButton** member =
+            name == QLatin1String("BevelButtonFormatDD")    ? &BevelButtonFormatDD
+            : name == QLatin1String("BevelButtonFormatDMS") ? &BevelButtonFormatDMS
+                                                            : &BevelButtonFormatUTM;
+        return *member = button;
+    }
+    }
+    return new QWidget(parent);
 }
 
 void MainWindow::wireMap() {
@@ -416,6 +424,10 @@ void MainWindow::wireMenu() {
         }
         if (window1->menuItemChosen(name))
             return;
+        if (name == QLatin1String("HelpAboutGeoquill")) {
+            App::_HelpAboutGeoquill_Action();
+            return;
+        }
         // Items the platform serves itself: quit and the text-editing commands, which act on
         // the focused field.
         if (name == QLatin1String("FileQuit"))

@@ -13,7 +13,9 @@
 
 #include <memory>
 
+class AboutWindow;
 class BatchTable;
+struct ControlRow;
 class BatchTableView;
 class FormatPopupButton;
 class MainMenuBar;
@@ -40,6 +42,9 @@ public:
     ParseTextWindow& showParseTextWindow() override;
     // The import window on screen or still to be deleted; null once it is gone.
     ParseTextDialog* importWindow() const;
+
+    // The About window over this one: the one open, or a new one.
+    AboutWindow* showAboutWindow();
 
     Window1& controller() { return *window1; }
     MainMenuBar* mainMenuBar() const { return menu; }
@@ -72,11 +77,8 @@ protected:
 
 private:
     void createControls();
-    void createPage0(QWidget* page);
-    QLineEdit* addTextField(QWidget* page, const char* name, QRect place, int locks);
-    QLabel* addLabel(QWidget* page, const char* name, const QString& text, QRect place);
-    void createMap(QWidget* page);
-    FormatPopupButton* addFormatButton(QWidget* page, const char* name, QRect place);
+    // A control of the table's row, on its parent; the members name the ones the code uses.
+    QWidget* makeControl(const ControlRow& row, QWidget* parent);
     void wireEvents();
     void wireMenu();
     void wireMap();
@@ -122,5 +124,6 @@ private:
     std::unique_ptr<QtFileDialogs> fileDialogsView;
     std::unique_ptr<QtClipboard> clipboardView;
     QPointer<ParseTextDialog> importDialog;
+    QPointer<AboutWindow> aboutWindow;
     std::unique_ptr<Window1> window1;
 };

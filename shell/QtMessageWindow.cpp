@@ -1,12 +1,40 @@
 #include "QtMessageWindow.h"
 
+#include "LockedLayout.h"
 #include "MainWindow.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QWidget>
+
+namespace {
+
+// The floating window itself: resizable, its text widening with it and Cancel keeping to the
+// bottom left; Escape is Cancel.
+class MessageFrame : public QWidget {
+public:
+    explicit MessageFrame(QWidget* owner)
+        : QWidget(owner, Qt::Tool), layout(this, QSize(286, 120)) {}
+    LockedLayout layout;
+    QPointer<QPushButton> cancel;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QWidget::resizeEvent(event);
+        layout.apply();
+    }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Escape && cancel)
+            cancel->click();
+        else
+            QWidget::keyPressEvent(event);
+    }
+};
+
+} // namespace
 
 QtMessageWindow::QtMessageWindow(QWidget* owner) : parent(owner) {}
 
@@ -21,18 +49,23 @@ QWidget* QtMessageWindow::made() const {
 }
 
 void QtMessageWindow::open() const {
-    frame = new QWidget(parent, Qt::Tool);
+    auto* made = new MessageFrame(parent);
+    frame = made;
     frame->setObjectName(QStringLiteral("MessageWindow"));
     frame->setWindowTitle(QStringLiteral("Message"));
-    frame->setFixedSize(286, 120);
+    frame->resize(286, 120);
+    frame->setMinimumSize(64, 64);
     Label1 = new QLabel(frame);
     Label1->setObjectName(QStringLiteral("Label1"));
-    Label1->setGeometry(20, 20, 246, 43);
     Label1->setWordWrap(true);
     Label1->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    made->layout.add(Label1, QRect(20, 20, 246, 43),
+                     LockedLayout::Left | LockedLayout::Top | LockedLayout::Right);
     PushButton1 = new QPushButton(QStringLiteral("Cancel"), frame);
     PushButton1->setObjectName(QStringLiteral("PushButton1"));
-    PushButton1->setGeometry(20, 80, 80, 20);
+    made->layout.add(PushButton1, QRect(20, 80, 80, 20), LockedLayout::Left | LockedLayout::Bottom);
+    made->cancel = PushButton1;
+    made->layout.apply();
     auto* self = const_cast<QtMessageWindow*>(this);
     QObject::connect(PushButton1.data(), &QPushButton::clicked, frame.data(),
                      [self] { self->logic.PushButton1_Action(*self); });
