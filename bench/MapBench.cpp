@@ -19,7 +19,6 @@
 #include <QProcess>
 #include <QTabWidget>
 #include <QTemporaryDir>
-#include <QThread>
 
 #include <benchmark/benchmark.h>
 
