@@ -7,6 +7,7 @@ App::App(int& argc, char** argv) : QApplication(argc, argv) {
     setApplicationName(QStringLiteral("Geoquill"));
     setApplicationVersion(QString::fromLatin1(versionString));
     setOrganizationName(QStringLiteral("Geoquill"));
+    setDesktopFileName(QString::fromLatin1(desktopId));
     setAttribute(Qt::AA_UseHighDpiPixmaps);
 }
 

@@ -10,6 +10,9 @@ public:
     App(int& argc, char** argv);
 
     static constexpr const char* versionString = "1.0.1";
+    // The name of the installed .desktop file (without ".desktop"), which desktops match a
+    // window to for its menu entry and icon.
+    static constexpr const char* desktopId = "io.github.geoquill.Geoquill";
 
     // The application's open event: makes the default datum before any window computes a
     // location.

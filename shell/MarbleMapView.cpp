@@ -488,7 +488,16 @@ void MarbleMapView::applyCursor() {
         unsetCursor();
         return;
     }
-    setCursor(QCursor(picture, mapCursor.hotSpotX, mapCursor.hotSpotY));
+    // The hot spot is in logical pixels, but Qt 5's X11 backend hands it to the X server
+    // unscaled beside the picture's device pixels: there it is put at the same point of the
+    // picture in device pixels (the middle of its logical pixel).
+    int hotX = mapCursor.hotSpotX, hotY = mapCursor.hotSpotY;
+    if (QGuiApplication::platformName() == QLatin1String("xcb")) {
+        const qreal ratio = picture.devicePixelRatio();
+        hotX = static_cast<int>(std::floor((hotX + 0.5) * ratio));
+        hotY = static_cast<int>(std::floor((hotY + 0.5) * ratio));
+    }
+    setCursor(QCursor(picture, hotX, hotY));
 }
 
 void MarbleMapView::mousePressEvent(QMouseEvent* event) {

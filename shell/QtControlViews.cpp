@@ -5,9 +5,11 @@
 #include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPalette>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSvgRenderer>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTimer>
@@ -156,9 +158,21 @@ ResourcePictures::ResourcePictures() {
     registerPictures();
 }
 
-QPixmap ResourcePictures::picture(const QString& name) {
+const ResourcePictures::Picture& ResourcePictures::load(const QString& name) {
     auto found = loaded.find(name);
-    if (found == loaded.end())
-        found = loaded.insert(name, QPixmap(QStringLiteral(":/pictures/%1.xpm").arg(name)));
-    return found.value();
+    if (found != loaded.end())
+        return found.value();
+    Picture made;
+    QSvgRenderer svg(QStringLiteral(":/pictures/%1.svg").arg(name));
+    if (svg.isValid()) {
+        made.size = svg.defaultSize();
+        const qreal ratio = qGuiApp ? qGuiApp->devicePixelRatio() : 1.0;
+        made.pixmap = QPixmap(made.size * ratio);
+        made.pixmap.fill(Qt::transparent);
+        QPainter painter(&made.pixmap);
+        svg.render(&painter, QRectF(QPointF(0, 0), made.pixmap.size()));
+        painter.end();
+        made.pixmap.setDevicePixelRatio(ratio);
+    }
+    return loaded.insert(name, made).value();
 }

@@ -152,13 +152,23 @@ public:
     bool isDarkMode() const override;
 };
 
-// The pictures built into the application (shell/resources), each loaded on first use.
+// The pictures built into the application (shell/resources/<name>.svg), each rendered on first
+// use at the highest pixel ratio of the screens, so that it is sharp on a HiDPI screen too, and
+// the same pixmap given from then on.
 class ResourcePictures : public PictureSource {
 public:
     ResourcePictures();
-    QSize pictureSize(const QString& name) override { return picture(name).size(); }
-    QPixmap picture(const QString& name);
+    // In logical pixels, the size the picture is drawn for.
+    QSize pictureSize(const QString& name) override { return load(name).size; }
+    // Its device pixel ratio says how many pixels it has per logical pixel.
+    QPixmap picture(const QString& name) { return load(name).pixmap; }
 
 private:
-    QHash<QString, QPixmap> loaded;
+    struct Picture {
+        QPixmap pixmap;
+        QSize size;
+    };
+    const Picture& load(const QString& name);
+
+    QHash<QString, Picture> loaded;
 };

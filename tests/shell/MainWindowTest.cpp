@@ -51,9 +51,20 @@ private slots:
         QCOMPARE(window->searchButton()->text(), QStringLiteral("Click Map"));
         QVERIFY(window->radioButton1()->isChecked());
         QVERIFY(!window->radioButton2()->isChecked());
-        // The map pointer comes from the built-in picture, its hot spot in the middle.
-        const QPixmap scope = window->pictures()->picture(QStringLiteral("scopeCurs"));
-        QVERIFY(!scope.isNull());
+        // The map pointer (31 by 21, its hot spot in the middle) and the application's picture:
+        // drawn, for the screen's pixel ratio, once.
+        ResourcePictures* pictures = window->pictures();
+        const qreal ratio = qApp->devicePixelRatio();
+        for (const QString& name : {QStringLiteral("scopeCurs"), QStringLiteral("mapIcon")}) {
+            const QPixmap picture = pictures->picture(name);
+            QCOMPARE(picture.devicePixelRatio(), ratio);
+            QCOMPARE(picture.size(), pictures->pictureSize(name) * ratio);
+            QVERIFY2(picture.toImage().pixelColor(picture.rect().center()).alpha() > 0,
+                     qPrintable(name + " is blank"));
+            QCOMPARE(pictures->picture(name).cacheKey(), picture.cacheKey());
+        }
+        const QSize scope = pictures->pictureSize(QStringLiteral("scopeCurs"));
+        QCOMPARE(scope, QSize(31, 21));
         QCOMPARE(window->controller().curs.hotSpotX, scope.width() / 2);
         QCOMPARE(window->controller().curs.hotSpotY, scope.height() / 2);
     }
