@@ -5,6 +5,7 @@
 #   make fuzz   each fuzz target for a short, bounded time (clang, libFuzzer)
 #   make asan   the suite under AddressSanitizer and UndefinedBehaviorSanitizer
 #   make format-check  fails when a source differs from what clang-format writes (CI runs it)
+#   make package  the .deb (Release build, then CPack): build-package/geoquill_<version>_<arch>.deb
 
 JOBS       ?= $(shell nproc)
 CMAKE_GEN  := -G Ninja
@@ -47,6 +48,12 @@ fuzz: deps
 	cmake --build build-fuzz -j $(JOBS)
 	./scripts/run-fuzzers build-fuzz $(FUZZ_SECONDS)
 
+.PHONY: package
+package: deps
+	cmake -S . -B build-package $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=Release -DGEOQUILL_BUILD_TESTS=OFF
+	cmake --build build-package -j $(JOBS)
+	cd build-package && cpack -G DEB
+
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i
 
@@ -54,4 +61,4 @@ format-check: deps
 	git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
 
 clean:
-	rm -rf build build-asan build-bench build-fuzz
+	rm -rf build build-asan build-bench build-fuzz build-package
