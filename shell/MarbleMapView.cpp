@@ -15,6 +15,7 @@
 #include <marble/ViewportParams.h>
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
@@ -585,6 +586,47 @@ void MarbleMapView::wheelEvent(QWheelEvent* event) {
     zoomBy(notches * 0.5);
     if (under)
         keepPointUnder(*under, at);
+    wheelSettle->start();
+}
+
+void MarbleMapView::keyPressEvent(QKeyEvent* event) {
+    // The keyboard's way round the map: the arrows move the view an eighth of its size, plus and
+    // minus zoom half a level about the middle.
+    const double stepX = width() / 8.0, stepY = height() / 8.0;
+    double dx = 0, dy = 0, zoom = 0;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        dx = stepX;
+        break;
+    case Qt::Key_Right:
+        dx = -stepX;
+        break;
+    case Qt::Key_Up:
+        dy = stepY;
+        break;
+    case Qt::Key_Down:
+        dy = -stepY;
+        break;
+    case Qt::Key_Plus:
+    case Qt::Key_Equal:
+        zoom = 0.5;
+        break;
+    case Qt::Key_Minus:
+        zoom = -0.5;
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    stopFlight();
+    setViewMoving(true);
+    if (zoom != 0)
+        zoomBy(zoom);
+    else
+        panBy(QPointF(marbleMap->centerLongitude() * degree,
+                      mercator(marbleMap->centerLatitude() * degree)),
+              dx, dy);
     wheelSettle->start();
 }
 

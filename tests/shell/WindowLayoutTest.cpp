@@ -101,9 +101,13 @@ private slots:
         QCOMPARE(reached,
                  QStringList({"SearchButton", "Map", "SegmentedControl1_0", "BevelButtonFormatDD",
                               "BevelButtonFormatDMS", "BevelButtonFormatUTM"}));
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+        for (int i = 0; i < 4; ++i)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+        QCOMPARE(QApplication::focusWidget(), window->map());
+        const double west = window->map()->centerCoordinate().longitude;
+        QTest::keyClick(window->map(), Qt::Key_Right); // the arrows pan the map
+        QTRY_VERIFY(window->map()->centerCoordinate().longitude > west);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("SegmentedControl1_0"));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
         QCOMPARE(window->map()->mapType(), 1);
