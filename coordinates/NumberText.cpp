@@ -108,9 +108,9 @@ bool readExponent(QStringView text, int& i, long& exponent) {
     return true;
 }
 
-} // namespace
-
-double ToDouble(QStringView text, const NumberLocale& locale) {
+// The leading number of text; end is where it stops, 0 when the text has no digit there.
+double readLeadingNumber(QStringView text, const NumberLocale& locale, int& end) {
+    end = 0;
     int i = skipBlanks(text);
     const bool negative = readSign(text, i);
     std::string number = "0"; // so that ".5" reads as 0.5
@@ -136,12 +136,27 @@ double ToDouble(QStringView text, const NumberLocale& locale) {
     long exponent = 0;
     if (readExponent(text, i, exponent))
         number += 'e' + std::to_string(exponent);
+    end = i;
 
     double value = 0;
     const auto parsed = std::from_chars(number.data(), number.data() + number.size(), value);
     if (parsed.ec == std::errc::result_out_of_range)
         value = order + exponent > 0 ? std::numeric_limits<double>::infinity() : 0.0;
     return negative ? -value : value;
+}
+
+} // namespace
+
+double ToDouble(QStringView text, const NumberLocale& locale) {
+    int end = 0;
+    return readLeadingNumber(text, locale, end);
+}
+
+double ToDouble(QStringView text, const NumberLocale& locale, bool& wholeText) {
+    int end = 0;
+    const double value = readLeadingNumber(text, locale, end);
+    wholeText = end > 0 && end == text.size();
+    return value;
 }
 
 std::int64_t ToInteger(QStringView text) {

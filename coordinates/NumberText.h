@@ -76,4 +76,8 @@ QString formatNumber(double value, const NumberPattern& pattern, const NumberLoc
 
 // The leading number of text; see the rule above.
 double ToDouble(QStringView text, const NumberLocale& locale);
+// The same number; wholeText tells whether the number is all of the text, with nothing before
+// or after it but the blanks and tabs in front: "45.5" and " -1e3" are, "45.5 N", "45.5.1",
+// "" and "." are not.
+double ToDouble(QStringView text, const NumberLocale& locale, bool& wholeText);
 std::int64_t ToInteger(QStringView text);

@@ -2,10 +2,16 @@
 
 #include <charconv>
 
-QString plainDoubleText(double value) {
+void appendPlainDoubleText(QString& out, double value) {
     char digits[32]; // the longest shortest-round-trip text of a double is 24 characters
     const auto written = std::to_chars(digits, digits + sizeof digits, value);
-    return QString::fromLatin1(digits, static_cast<int>(written.ptr - digits));
+    out += QLatin1String(digits, static_cast<int>(written.ptr - digits));
+}
+
+QString plainDoubleText(double value) {
+    QString text;
+    appendPlainDoubleText(text, value);
+    return text;
 }
 
 double Val(QStringView text, const NumberLocale& locale) {

@@ -15,4 +15,5 @@
 #include <QStringView>
 
 QString plainDoubleText(double value);
+void appendPlainDoubleText(QString& out, double value);
 double Val(QStringView text, const NumberLocale& locale);

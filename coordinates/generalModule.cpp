@@ -107,6 +107,10 @@ VertexRef vertexFromDMS(const QString& lonText, const QString& latText) {
     return v;
 }
 
+bool isDMSText(const QString& text) {
+    return readDMSText(text).found;
+}
+
 VertexRef vertexFromUTM(double easting, double northing, const QString& zoneText,
                         MessageBox& messages) {
     static const QRegularExpression pattern(QStringLiteral("(-?\\d\\d?) *(.)?"));

@@ -30,6 +30,8 @@ VertexRef vertexFromDD(double lon, double lat);
 //   no value (stays 0, no message): "45° 30' 15\"" (no letter), "45°30'15\"N" (no space
 //            after the minutes), "N" (no digits)
 VertexRef vertexFromDMS(const QString& lonText, const QString& latText);
+// The text gives vertexFromDMS a value: the pattern above matches, its letter included.
+bool isDMSText(const QString& text);
 
 // From easting, northing (metres) and a zone text searched with (-?\d\d?) *(.)? : one or two
 // digits, optionally signed, and one further character; "S" (any case) or a minus sign means

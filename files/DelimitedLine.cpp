@@ -42,4 +42,11 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(begin, end - begin);
 }
 
+void fieldsOf(std::string_view line, char delimiter, std::size_t fieldCount,
+              std::vector<std::string_view>& out) {
+    out.assign(fieldCount, std::string_view());
+    forEachField(line, delimiter, fieldCount,
+                 [&out](std::size_t i, std::string_view field) { out[i] = field; });
+}
+
 } // namespace DelimitedLine

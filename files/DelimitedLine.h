@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <string_view>
+#include <vector>
 
 namespace DelimitedLine {
 
@@ -48,5 +49,11 @@ void forEachField(std::string_view line, char delimiter, std::size_t maxFields, 
         start = end + 1;
     }
 }
+
+// The fields of a line as columns 1 to fieldCount of a row, at indexes 0 to fieldCount - 1:
+// a line with fewer fields leaves its last columns empty, and fields past fieldCount have no
+// column.
+void fieldsOf(std::string_view line, char delimiter, std::size_t fieldCount,
+              std::vector<std::string_view>& out);
 
 } // namespace DelimitedLine

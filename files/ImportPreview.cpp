@@ -55,11 +55,8 @@ std::string_view ImportPreview::line(int row) const {
 }
 
 void ImportPreview::rowFields(int row, std::vector<std::string_view>& out) const {
-    out.assign(static_cast<std::size_t>(fields), std::string_view());
-    if (row < 0 || row > lastRowIndex())
-        return;
-    DelimitedLine::forEachField(line(row), delim, static_cast<std::size_t>(fields),
-                                [&out](std::size_t i, std::string_view field) { out[i] = field; });
+    DelimitedLine::fieldsOf(row < 0 || row > lastRowIndex() ? std::string_view() : line(row), delim,
+                            static_cast<std::size_t>(fields), out);
 }
 
 QString ImportPreview::cellValueAt(int row, int column) const {

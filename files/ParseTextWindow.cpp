@@ -2,7 +2,7 @@
 
 #include "ParseTextWindow.h"
 
-#include "DelimitedLine.h"
+#include "DelimiterScan.h"
 #include "ImportMessages.h"
 #include "TextLineReader.h"
 #include "coordinates/MessageBox.h"
@@ -13,11 +13,8 @@
 #include <QFileInfo>
 #include <QTemporaryFile>
 
-#include <algorithm>
-
 namespace {
 
-constexpr std::size_t maxColumns = 60;
 // Progress is shown and Cancel looked at once every so many lines.
 constexpr std::int64_t progressStep = 4096;
 
@@ -75,42 +72,29 @@ bool ParseTextWindow::readText(const QString& path) {
     };
 
     // First reading: the delimiter of the last line that has one, and the widest line.
-    delim = DelimitedLine::noDelimiter;
-    fieldCount = 0;
-    std::size_t widest = 0;
+    DelimiterScan scan;
     std::int64_t lines = 0;
     TextLineReader first(file, TextLineReader::Encoding::Sniff);
     std::string_view line;
     while (first.next(line)) {
-        const DelimitedLine::Shape shape = DelimitedLine::judge(line);
-        if (shape.delimiter != DelimitedLine::noDelimiter) {
-            delim = shape.delimiter;
-            widest = std::max(widest, shape.width);
-        }
+        scan.addLine(line);
         if (++lines % progressStep == 0 && !keepGoing(lines, first.bytesRead()))
             return stop(QString());
     }
     if (first.failed())
         return stop(ImportMessages::couldNotRead(path, first.errorString()));
 
-    if (widest > maxColumns) {
-        c.messageBox->show(
-            QStringLiteral("Your text file has > 60 columns of data. You will only be able to "
-                           "import data from the first 60 columns."));
-        widest = maxColumns;
-    }
-    fieldCount = static_cast<int>(widest);
+    if (scan.tooWide())
+        c.messageBox->show(DelimiterScan::tooWideMessage());
+    delim = scan.delimiter();
+    fieldCount = scan.fieldCount();
 
-    TextLineReader::Encoding encoding = first.encoding();
+    const TextLineReader::Encoding encoding = first.encodingOfSecondReading();
     std::int64_t expectedBytes = first.bytesRead();
-    if (encoding == TextLineReader::Encoding::Sniff) {
-        encoding =
-            first.validUtf8() ? TextLineReader::Encoding::Utf8 : TextLineReader::Encoding::Latin1;
-        if (encoding == TextLineReader::Encoding::Latin1)
-            expectedBytes += first.latin1Growth();
-    } else if (encoding != TextLineReader::Encoding::Utf8) {
+    if (encoding == TextLineReader::Encoding::Latin1)
+        expectedBytes += first.latin1Growth();
+    else if (encoding != TextLineReader::Encoding::Utf8)
         expectedBytes = 0; // UTF-16: the UTF-8 size is not known
-    }
 
     PopupMenuView* const menus[] = {c.PopupMenuLatNorth, c.PopupMenuLonEast, c.PopupMenuUTMZ,
                                     c.PopupMenuLabel};

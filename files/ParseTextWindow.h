@@ -4,6 +4,7 @@
 // on into locations of the main window. It reaches its controls only through the views in
 // ParseTextWindowControls, so the whole import runs without a screen.
 
+#include "ImportColumns.h"
 #include "ImportPreview.h"
 #include "ImportViews.h"
 #include "coordinates/Vertex.h"
@@ -72,7 +73,7 @@ public:
 private:
     bool readText(const QString& path);
     // The rows from the first line on as new locations; false when the user cancelled.
-    bool buildLocations(int firstRow, std::vector<VertexRef>& built);
+    bool buildLocations(const ImportColumns& columns, int firstRow, std::vector<VertexRef>& built);
     void close();
 
     ParseTextWindowControls c;

@@ -147,6 +147,12 @@ void TextLineReader::checkUtf8(const unsigned char* data, std::int64_t size) {
     }
 }
 
+TextLineReader::Encoding TextLineReader::encodingOfSecondReading() const {
+    if (enc != Encoding::Sniff)
+        return enc;
+    return validUtf8() ? Encoding::Utf8 : Encoding::Latin1;
+}
+
 bool TextLineReader::next(std::string_view& line) {
     for (;;) {
         const char* begin = buffer.data() + pos;

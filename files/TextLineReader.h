@@ -42,6 +42,9 @@ public:
     QString errorString() const { return error; }
     // The encoding in use: a byte-order mark decides it at the first read; Sniff otherwise.
     Encoding encoding() const { return enc; }
+    // After a whole first reading: the encoding that a second reading of the same text takes,
+    // the byte-order mark's, else UTF-8 when every byte was valid UTF-8 and Latin-1 when not.
+    Encoding encodingOfSecondReading() const;
     // With Sniff: every byte read so far was part of valid UTF-8.
     bool validUtf8() const { return utf8State == 0 && !utf8Broken; }
     // Bytes taken from the device so far.

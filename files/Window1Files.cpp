@@ -3,6 +3,7 @@
 #include "ImportMessages.h"
 #include "ImportViews.h"
 #include "ParseTextWindow.h"
+#include "SavedLocationsFile.h"
 #include "coordinates/MessageBox.h"
 #include "locationbook/Window1.h"
 
@@ -35,7 +36,6 @@ bool Window1::_FileSave_Action() {
 }
 
 void Window1::writeSaveDataFile(const QString& path) {
-    const QChar tab(9);
     if (path.isEmpty())
         return;
     // The text goes to a file beside the target, which replaces the target only once it is
@@ -45,25 +45,16 @@ void Window1::writeSaveDataFile(const QString& path) {
         c.messageBox->show(ImportMessages::couldNotSave(path, file.errorString()));
         return;
     }
-    const QStringList header = {
-        QStringLiteral("Longitude (DD)"),   QStringLiteral("Latitude (DD)"),
-        QStringLiteral("Longitude (DMS)"),  QStringLiteral("Latitude (DMS)"),
-        QStringLiteral("UTM Eastings (m)"), QStringLiteral("UTM Northings (m)"),
-        QStringLiteral("UTM Zone")};
-    QByteArray out = header.join(tab).toUtf8();
-    out += '\n';
+    QByteArray out = SavedLocationsFile::headerLine().toUtf8();
     QString line;
     for (const int row : c.BatchListbox->rowsInDisplayOrder()) {
         if (!c.BatchListbox->cellCheckBoxValueAt(row, 0))
             continue;
         line.clear();
-        for (int column = 1; column <= 8; ++column) {
-            if (column > 1)
-                line += tab;
-            line += c.BatchListbox->cellValueAt(row, column);
-        }
+        SavedLocationsFile::appendLine(line, [&](QString& text, int column) {
+            text += c.BatchListbox->cellValueAt(row, column);
+        });
         out += line.toUtf8();
-        out += '\n';
         if (out.size() >= writeBlock) {
             file.write(out);
             out.clear();

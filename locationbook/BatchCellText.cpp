@@ -5,6 +5,7 @@
 
 #include <QStringList>
 
+#include <charconv>
 #include <cmath>
 
 namespace {
@@ -22,79 +23,80 @@ Axis axisOfColumn(int column, bool latFirst) {
     return firstOfPair == latFirst ? Axis::Latitude : Axis::Longitude;
 }
 
-QString ddCell(const Vertex& v, Axis axis, const BatchCellFormat& f) {
+void appendInteger(QString& out, std::int64_t value) {
+    char digits[24];
+    const auto written = std::to_chars(digits, digits + sizeof digits, value);
+    out += QLatin1String(digits, static_cast<int>(written.ptr - digits));
+}
+
+void appendDD(QString& out, const Vertex& v, Axis axis, const BatchCellFormat& f) {
     const double value = axis == Axis::Longitude ? v.lon : v.lat;
-    QString text;
-    text.reserve(16);
-    appendNumber(text, f.DDshowHemiLet ? std::fabs(value) : value, ddPattern, f.locale);
+    appendNumber(out, f.DDshowHemiLet ? std::fabs(value) : value, ddPattern, f.locale);
     if (f.DDshowDegrSymb)
-        text += degreeSign;
+        out += degreeSign;
     if (!f.DDshowHemiLet)
-        return text;
+        return;
     // A longitude of exactly 0 has no side; a latitude of 0 counts as north.
     if (axis == Axis::Longitude) {
         if (value < 0)
-            text += QLatin1String(" W");
+            out += QLatin1String(" W");
         else if (value > 0)
-            text += QLatin1String(" E");
+            out += QLatin1String(" E");
     } else {
-        text += value < 0 ? QLatin1String(" S") : QLatin1String(" N");
+        out += value < 0 ? QLatin1String(" S") : QLatin1String(" N");
     }
-    return text;
 }
 
-QString dmsCell(const Vertex& v, Axis axis, const BatchCellFormat& f) {
+void appendDMS(QString& out, const Vertex& v, Axis axis, const BatchCellFormat& f) {
     const bool lon = axis == Axis::Longitude;
     const std::int64_t degrees = lon ? v.lon_degr : v.lat_Degr;
     const std::int64_t minutes = lon ? v.lon_min : v.lat_min;
     const double seconds = lon ? v.lon_sec : v.lat_sec;
     const QLatin1String minuteText = f.DMSshowSymbols ? QLatin1String("' ") : QLatin1String(" ");
 
-    QString text;
-    text.reserve(32);
+    // Without letters, the stored degrees of a record made from decimal degrees or UTM carry no
+    // sign, so the side of the equator or meridian is told by a minus sign taken from the value
+    // itself.
+    if (!f.DMSshowHemiLet && (lon ? v.lon : v.lat) < 0)
+        out += QLatin1Char('-');
     // The sign is told by the value (a minus or a letter below); a minus typed before the
     // degrees of a DMS text is not shown a second time.
-    text += QString::number(absoluteInteger(degrees));
+    appendInteger(out, absoluteInteger(degrees));
     if (f.DMSshowSymbols)
-        text += degreeSign;
-    text += QLatin1Char(' ');
-    text += QString::number(minutes);
-    text += minuteText;
+        out += degreeSign;
+    out += QLatin1Char(' ');
+    appendInteger(out, minutes);
+    out += minuteText;
     if (f.DMSshowHemiLet) {
-        appendNumber(text, seconds, secondsPattern, f.locale);
+        appendNumber(out, seconds, secondsPattern, f.locale);
         if (f.DMSshowSymbols)
-            text += QLatin1Char('"');
-        text += QLatin1Char(' ');
-        text += lon ? v.lon_Hemisphere : v.lat_Hemisphere;
-        return text;
+            out += QLatin1Char('"');
+        out += QLatin1Char(' ');
+        out += lon ? v.lon_Hemisphere : v.lat_Hemisphere;
+        return;
     }
-    // The stored degrees of a record made from decimal degrees or UTM carry no sign, so the
-    // side of the equator or meridian is told by a minus sign taken from the value itself.
-    text += plainDoubleText(seconds);
+    appendPlainDoubleText(out, seconds);
     if (f.DMSshowSymbols)
-        text += QLatin1Char('"');
-    if ((lon ? v.lon : v.lat) < 0)
-        text.prepend(QLatin1Char('-'));
-    return text;
+        out += QLatin1Char('"');
 }
 
-QString utmCell(double metres, QLatin1String letter, bool showLetter, const BatchCellFormat& f) {
-    QString text;
-    text.reserve(20);
-    appendNumber(text, metres, metresPattern, f.locale);
+void appendUTM(QString& out, double metres, QLatin1String letter, bool showLetter,
+               const BatchCellFormat& f) {
+    appendNumber(out, metres, metresPattern, f.locale);
     if (f.UTMshowM)
-        text += QLatin1String(" m");
+        out += QLatin1String(" m");
     if (showLetter)
-        text += letter;
-    return text;
+        out += letter;
 }
 
-QString zoneCell(const Vertex& v, const BatchCellFormat& f) {
+void appendZone(QString& out, const Vertex& v, const BatchCellFormat& f) {
     const std::int64_t zone = v.utmZ ? (*v.utmZ)[1] : 0;
-    if (f.UTMnegZoneSouth)
-        return QString::number(zone);
-    return QString::number(absoluteInteger(zone)) +
-           (zone <= -1 ? QLatin1String(" S") : QLatin1String(" N"));
+    if (f.UTMnegZoneSouth) {
+        appendInteger(out, zone);
+        return;
+    }
+    appendInteger(out, absoluteInteger(zone));
+    out += zone <= -1 ? QLatin1String(" S") : QLatin1String(" N");
 }
 
 } // namespace
@@ -146,25 +148,42 @@ QString initialBatchHeaderText() {
     return headers.join(QLatin1Char('\t'));
 }
 
-QString batchCellText(const Vertex& v, std::size_t index, int column, const BatchCellFormat& f) {
+void appendBatchCellText(QString& out, const Vertex& v, std::size_t index, int column,
+                         const BatchCellFormat& f) {
     switch (column) {
     case 0:
-        return QString::number(static_cast<qulonglong>(index) + 1);
+        appendInteger(out, static_cast<std::int64_t>(index) + 1);
+        break;
     case 1:
-        return v.label;
+        out += v.label;
+        break;
     case 2:
     case 3:
-        return ddCell(v, axisOfColumn(column, f.latFirst), f);
+        appendDD(out, v, axisOfColumn(column, f.latFirst), f);
+        break;
     case 4:
     case 5:
-        return dmsCell(v, axisOfColumn(column, f.latFirst), f);
+        appendDMS(out, v, axisOfColumn(column, f.latFirst), f);
+        break;
     case 6:
-        return utmCell(v.utmE, QLatin1String(" E"), f.UTMshowEN, f);
+        appendUTM(out, v.utmE, QLatin1String(" E"), f.UTMshowEN, f);
+        break;
     case 7:
-        return utmCell(v.utmN, QLatin1String(" N"), f.UTMshowEN, f);
+        appendUTM(out, v.utmN, QLatin1String(" N"), f.UTMshowEN, f);
+        break;
     case 8:
-        return zoneCell(v, f);
+        appendZone(out, v, f);
+        break;
     default:
-        return QString();
+        break;
     }
+}
+
+QString batchCellText(const Vertex& v, std::size_t index, int column, const BatchCellFormat& f) {
+    if (column == 1)
+        return v.label;
+    QString text;
+    text.reserve(32);
+    appendBatchCellText(text, v, index, column, f);
+    return text;
 }

@@ -49,3 +49,6 @@ QString initialBatchHeaderText();
 // outside 0 to 8.
 QString batchCellText(const Vertex& v, std::size_t index, int column,
                       const BatchCellFormat& format);
+// The same text appended to out, for writing many cells into one text.
+void appendBatchCellText(QString& out, const Vertex& v, std::size_t index, int column,
+                         const BatchCellFormat& format);
