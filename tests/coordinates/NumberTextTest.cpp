@@ -12,9 +12,11 @@
 
 #include <gtest/gtest.h>
 
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <random>
 #include <string>
 
 namespace {
@@ -189,6 +191,43 @@ TEST(PlainDouble, ShortestTextRoundTrips) {
         EXPECT_FALSE(text.contains(',')) << text.toStdString();
     }
     EXPECT_EQ(plainDoubleText(15.5), QStringLiteral("15.5"));
+}
+
+// The quick ways of writing and reading a number against the standard library's exact
+// conversions, which nobody here wrote: random magnitudes at each number of places the patterns
+// use, and the decimal halves where rounding is decided, with their neighbours on either side.
+TEST(NumberText, WrittenAndReadAsTheStandardLibraryDoes) {
+    std::mt19937_64 random(12);
+    std::uniform_real_distribution<double> decades(-8, 10);
+    for (const int places : {1, 2, 3, 6}) {
+        const std::string pattern = "0." + std::string(static_cast<std::size_t>(places), '0');
+        const double unit = std::pow(10.0, places);
+        for (int i = 0; i < 30000; ++i) {
+            double value = std::pow(10.0, decades(random));
+            // A half of the last place (exact where a double can hold it: 0.125), or the
+            // double next to it on either side.
+            if (i % 4 != 0) {
+                const double half = (std::floor(value * unit) + 0.5) / unit;
+                const double towards[] = {half, 0.0, 1e300};
+                value = std::nextafter(half, towards[i % 4 - 1]);
+            }
+            value = random() % 2 ? -value : value;
+            char exact[400];
+            const auto end = std::to_chars(exact, exact + sizeof exact, std::fabs(value),
+                                           std::chars_format::fixed, places)
+                                 .ptr;
+            const std::string expected = (value < 0 ? "-" : "") + std::string(exact, end);
+            const QString text =
+                formatNumber(value, NumberPattern::fromText(pattern.c_str()), point);
+            ASSERT_EQ(text, QString::fromStdString(expected)) << value;
+            const auto shortest = std::to_chars(exact, exact + sizeof exact, value).ptr;
+            ASSERT_EQ(ToDouble(QString::fromLatin1(exact, int(shortest - exact)), point), value)
+                << std::string(exact, shortest);
+            double read = 0;
+            std::from_chars(expected.data(), expected.data() + expected.size(), read);
+            ASSERT_EQ(ToDouble(text, point), read) << expected;
+        }
+    }
 }
 
 } // namespace
