@@ -2,6 +2,7 @@
 #   make run    install what is missing, build, start the app
 #   make test   install what is missing, build, run the whole suite headless (CI runs this)
 #   make bench  benchmarks (Release build)
+#   make bench-convert  geoquill-convert against GeoConvert and cs2cs on a million points
 #   make fuzz   each fuzz target for a short, bounded time (clang, libFuzzer)
 #   make asan   the suite under AddressSanitizer and UndefinedBehaviorSanitizer
 #   make format-check  fails when a source differs from what clang-format writes (CI runs it)
@@ -13,7 +14,7 @@ FUZZ_SECONDS ?= 20
 # Tests only: no screen. The app itself starts with nothing set.
 HEADLESS   := QT_QPA_PLATFORM=offscreen
 
-.PHONY: deps run build test bench fuzz asan format format-check clean
+.PHONY: deps run build test bench bench-convert fuzz asan format format-check clean
 
 deps:
 	@./scripts/install-deps
@@ -42,6 +43,9 @@ bench: deps
 	cmake --build build-bench -j $(JOBS)
 	$(HEADLESS) ./scripts/run-benchmarks build-bench
 
+bench-convert: deps
+	./bench/convert_vs_peers.sh
+
 fuzz: deps
 	CC=clang CXX=clang++ cmake -S . -B build-fuzz $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=RelWithDebInfo \
 	      -DGEOQUILL_BUILD_FUZZ=ON -DGEOQUILL_BUILD_SHELL=OFF -DGEOQUILL_BUILD_TESTS=OFF
@@ -61,4 +65,4 @@ format-check: deps
 	git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
 
 clean:
-	rm -rf build build-asan build-bench build-fuzz build-package
+	rm -rf build build-asan build-bench build-fuzz build-package build-release
