@@ -34,13 +34,8 @@ struct Choice {
 
 // Six bytes of choices; a column past the menu's end is taken modulo its length.
 Choice takeChoice(const std::uint8_t*& data, std::size_t& size) {
-    std::uint8_t b[6] = {};
-    for (std::uint8_t& x : b) {
-        if (size > 0) {
-            x = *data++;
-            --size;
-        }
-    }
+    std::uint8_t b[6];
+    takeChoiceBytes(data, size, b);
     Choice c;
     c.notation = b[0] % 3;
     c.lon = b[1];
@@ -64,23 +59,6 @@ Choice takeChoice(const std::uint8_t*& data, std::size_t& size) {
         break;
     }
     return c;
-}
-
-// The lines of a text without a UTF-16 mark: one more than its line ends (CR LF counting once),
-// less one when it ends with a line end.
-std::int64_t countLines(const std::uint8_t* data, std::size_t size) {
-    std::int64_t ends = 0;
-    for (std::size_t i = 0; i < size; ++i) {
-        if (data[i] == '\n' || (data[i] == '\r' && !(i + 1 < size && data[i + 1] == '\n')))
-            ++ends;
-    }
-    const bool endsWithLineEnd = size > 0 && (data[size - 1] == '\n' || data[size - 1] == '\r');
-    return ends + 1 - (endsWithLineEnd ? 1 : 0);
-}
-
-bool startsWithUtf16Mark(const std::uint8_t* data, std::size_t size) {
-    return size >= 2 &&
-           ((data[0] == 0xFF && data[1] == 0xFE) || (data[0] == 0xFE && data[1] == 0xFF));
 }
 
 } // namespace

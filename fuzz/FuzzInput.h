@@ -86,6 +86,36 @@ inline bool sameBits(double x, double y) {
     return std::memcmp(&x, &y, sizeof x) == 0;
 }
 
+// Fills bytes from the front of the input, zeros past its end: the choices a run makes before
+// the text that follows them.
+template <std::size_t N>
+void takeChoiceBytes(const std::uint8_t*& data, std::size_t& size, std::uint8_t (&bytes)[N]) {
+    for (std::uint8_t& x : bytes) {
+        x = 0;
+        if (size > 0) {
+            x = *data++;
+            --size;
+        }
+    }
+}
+
+// The lines of a text without a UTF-16 mark: one more than its line ends (CR LF counting once),
+// less one when it ends with a line end.
+inline std::int64_t countLines(const std::uint8_t* data, std::size_t size) {
+    std::int64_t ends = 0;
+    for (std::size_t i = 0; i < size; ++i) {
+        if (data[i] == '\n' || (data[i] == '\r' && !(i + 1 < size && data[i + 1] == '\n')))
+            ++ends;
+    }
+    const bool endsWithLineEnd = size > 0 && (data[size - 1] == '\n' || data[size - 1] == '\r');
+    return ends + 1 - (endsWithLineEnd ? 1 : 0);
+}
+
+inline bool startsWithUtf16Mark(const std::uint8_t* data, std::size_t size) {
+    return size >= 2 &&
+           ((data[0] == 0xFF && data[1] == 0xFE) || (data[0] == 0xFE && data[1] == 0xFF));
+}
+
 // As at application start: every conversion reads the default datum.
 inline void makeDefaultDatum() {
     LatLon_UTM::wgs84 = LatLon_UTM::makeWGS84();

@@ -3,6 +3,7 @@
 // back, and a file split over GNU parallel joined again.
 
 #include "support/FakeWindow.h"
+#include "support/PlainFields.h"
 
 #include <GeographicLib/DMS.hpp>
 #include <GeographicLib/UTMUPS.hpp>
@@ -17,7 +18,6 @@
 #include <cmath>
 #include <fstream>
 #include <random>
-#include <sstream>
 
 namespace {
 
@@ -185,16 +185,6 @@ struct RealFile {
     char delimiter; // as a plain reader splits the file
     int firstLine, lonColumn, latColumn;
 };
-
-// The fields of a line split at every tab or comma, or at blank runs.
-std::vector<std::string> plainFields(const std::string& line, char delimiter) {
-    std::vector<std::string> fields;
-    std::istringstream in(line);
-    for (std::string field;
-         delimiter == ' ' ? bool(in >> field) : bool(std::getline(in, field, delimiter));)
-        fields.push_back(field);
-    return fields;
-}
 
 class RealFileAgainstGeographicLib : public testing::TestWithParam<RealFile> {};
 

@@ -3,11 +3,11 @@
 // and strtod.
 
 #include "support/FakeWindow.h"
+#include "support/PlainFields.h"
 
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <sstream>
 
 namespace {
 
@@ -19,16 +19,6 @@ struct RealFile {
     int lonColumn, latColumn, labelColumn; // from 1
     bool latin1;                           // not UTF-8: its bytes are read as Latin-1
 };
-
-// The fields of a line as a plain reader splits them: at every tab or comma, or at blank runs.
-std::vector<std::string> plainFields(const std::string& line, char delimiter) {
-    std::vector<std::string> fields;
-    std::istringstream in(line);
-    for (std::string field;
-         delimiter == ' ' ? bool(in >> field) : bool(std::getline(in, field, delimiter));)
-        fields.push_back(field);
-    return fields;
-}
 
 class RealFileImport : public testing::TestWithParam<RealFile> {};
 
