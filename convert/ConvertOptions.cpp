@@ -5,7 +5,6 @@
 #include <QLocale>
 
 #include <algorithm>
-#include <iterator>
 
 namespace {
 
@@ -80,36 +79,38 @@ CommandLine usage(const QString& error) {
     return result;
 }
 
-// Sets the option's value; false when the value is not one the option takes.
-bool setValue(ConvertOptions& o, const QString& name, const QString& value) {
-    int number = 0;
-    if (name == QLatin1String("--input"))
-        return lookUp(notations, value, o.columns.notation);
-    if (name == QLatin1String("--delimiter")) {
-        if (!lookUp(delimiters, value, number))
-            return false;
-        o.delimiter = static_cast<char>(number);
-        return true;
-    }
-    if (name == QLatin1String("--first-line"))
-        return positiveNumber(value, o.firstLine);
-    if (name == QLatin1String("--locale"))
-        return knownLocale(value, o.locale);
-    int* const columns[] = {&o.columns.lonEast, &o.columns.latNorth, &o.columns.zone,
-                            &o.columns.label};
-    const char* const columnNames[] = {"--lon", "--lat", "--zone", "--label"};
-    for (std::size_t i = 0; i < std::size(columns); ++i)
-        if (name == QLatin1String(columnNames[i]))
-            return column(value, *columns[i]);
-    return false;
+bool delimiter(const QString& text, char& value) {
+    int found = 0;
+    if (!lookUp(delimiters, text, found))
+        return false;
+    value = static_cast<char>(found);
+    return true;
 }
 
-bool takesValue(const QString& name) {
-    for (const char* option : {"--input", "--lon", "--lat", "--zone", "--label", "--first-line",
-                               "--delimiter", "--locale"})
-        if (name == QLatin1String(option))
-            return true;
-    return false;
+// The options that take a value, each with what sets it; the setter is false for a value that
+// the option does not take.
+struct ValueOption {
+    const char* name;
+    bool (*set)(ConvertOptions&, const QString&);
+};
+const ValueOption valueOptions[] = {
+    {"--input",
+     [](ConvertOptions& o, const QString& v) { return lookUp(notations, v, o.columns.notation); }},
+    {"--lon", [](ConvertOptions& o, const QString& v) { return column(v, o.columns.lonEast); }},
+    {"--lat", [](ConvertOptions& o, const QString& v) { return column(v, o.columns.latNorth); }},
+    {"--zone", [](ConvertOptions& o, const QString& v) { return column(v, o.columns.zone); }},
+    {"--label", [](ConvertOptions& o, const QString& v) { return column(v, o.columns.label); }},
+    {"--first-line",
+     [](ConvertOptions& o, const QString& v) { return positiveNumber(v, o.firstLine); }},
+    {"--delimiter", [](ConvertOptions& o, const QString& v) { return delimiter(v, o.delimiter); }},
+    {"--locale", [](ConvertOptions& o, const QString& v) { return knownLocale(v, o.locale); }},
+};
+
+const ValueOption* valueOption(const QString& name) {
+    for (const ValueOption& option : valueOptions)
+        if (name == QLatin1String(option.name))
+            return &option;
+    return nullptr;
 }
 
 // A switch without a value; false when there is none of that name.
@@ -158,7 +159,7 @@ CommandLine parseCommandLine(const QStringList& arguments) {
                                                             : CommandLine::Action::Version;
             return result;
         }
-        if (takesValue(name)) {
+        if (const ValueOption* option = valueOption(name)) {
             QString value;
             if (equals >= 0)
                 value = argument.mid(equals + 1);
@@ -166,7 +167,7 @@ CommandLine parseCommandLine(const QStringList& arguments) {
                 value = arguments[++i];
             else
                 return usage(QStringLiteral("option '%1' needs a value").arg(name));
-            if (!setValue(o, name, value))
+            if (!option->set(o, value))
                 return usage(QStringLiteral("option '%1' does not take '%2'").arg(name, value));
         } else if (equals >= 0 || !setSwitch(o, name)) {
             return usage(QStringLiteral("unknown option '%1'").arg(argument));
