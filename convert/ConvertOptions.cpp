@@ -223,8 +223,8 @@ QString helpText() {
 Columns are found as the app's import finds them: each line is judged by tab, then
 comma, then space, and the delimiter of the last line that has one splits every line.
 So the whole input is read once before the first line is written: a FILE is read
-twice, and standard input is read to its end first, up to 8 MiB in memory and the
-rest in an unnamed temporary file in $TMPDIR (or /tmp).
+twice, and a pipe (standard input or a FILE) is read to its end first, up to 8 MiB
+in memory and the rest in an unnamed temporary file in $TMPDIR (or /tmp).
 
 Every line from the first line on gives one line, as in the app: a blank or
 unreadable coordinate reads as 0, unless --strict.

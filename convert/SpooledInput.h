@@ -1,9 +1,10 @@
 #pragma once
-// Standard input made readable twice, as the import reads a file: the delimiter is that of the
-// last line that has one and the encoding is known only at the end, so a pipe is read to its
-// end before the first line is converted. Up to 8 MiB are kept in memory; a longer input goes
-// on into a temporary file in $TMPDIR (or /tmp) that has no name from the moment it is made, so
-// nothing is left behind whatever ends the program, and memory stays bounded for any input.
+// A pipe (standard input, or a named one) made readable twice, as the import reads a file: the
+// delimiter is that of the last line that has one and the encoding is known only at the end, so
+// a pipe is read to its end before the first line is converted. Up to 8 MiB are kept in memory; a
+// longer input goes on into a temporary file in $TMPDIR (or /tmp) that has no name from the moment
+// it is made, so nothing is left behind whatever ends the program, and memory stays bounded for any
+// input.
 
 #include <QBuffer>
 #include <QByteArray>

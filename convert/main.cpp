@@ -30,17 +30,17 @@ int convert(const ConvertOptions& options) {
     QIODevice* input = &file;
     const QString name =
         options.input.isEmpty() ? QStringLiteral("(standard input)") : options.input;
-    if (!options.input.isEmpty()) {
-        file.setFileName(options.input);
-        if (!file.open(QIODevice::ReadOnly)) {
-            messages.show(ImportMessages::couldNotRead(name, file.errorString()));
-            return ExitStatus::failed;
-        }
-    } else if (!file.open(STDIN_FILENO, QIODevice::ReadOnly, QFileDevice::DontCloseHandle)) {
+    file.setFileName(options.input);
+    const bool opened = options.input.isEmpty() ? file.open(STDIN_FILENO, QIODevice::ReadOnly,
+                                                            QFileDevice::DontCloseHandle)
+                                                : file.open(QIODevice::ReadOnly);
+    if (!opened) {
         messages.show(ImportMessages::couldNotRead(name, file.errorString()));
         return ExitStatus::failed;
-    } else if (file.isSequential()) {
-        // A pipe can be read once only: what the first reading needs is kept aside.
+    }
+    if (file.isSequential()) {
+        // A pipe, named or not, can be read once only: the text is kept aside for the second
+        // reading.
         if (!spooled.spool(file)) {
             messages.show(ImportMessages::couldNotRead(name, spooled.errorString()));
             return ExitStatus::failed;
