@@ -5,6 +5,7 @@
 #   make bench-convert  geoquill-convert against GeoConvert and cs2cs on a million points
 #   make fuzz   each fuzz target for a short, bounded time (clang, libFuzzer)
 #   make asan   the suite under AddressSanitizer and UndefinedBehaviorSanitizer
+#   make screenshots  the README's pictures, from the widget tests
 #   make format-check  fails when a source differs from what clang-format writes (CI runs it)
 #   make package  the .deb (Release build, then CPack): build-package/geoquill_<version>_<arch>.deb
 
@@ -14,7 +15,7 @@ FUZZ_SECONDS ?= 20
 # Tests only: no screen. The app itself starts with nothing set.
 HEADLESS   := QT_QPA_PLATFORM=offscreen
 
-.PHONY: deps run build test bench bench-convert fuzz asan format format-check clean
+.PHONY: screenshots deps run build test bench bench-convert fuzz asan format format-check clean
 
 deps:
 	@./scripts/install-deps
@@ -57,6 +58,12 @@ package: deps
 	cmake -S . -B build-package $(CMAKE_GEN) -DCMAKE_BUILD_TYPE=Release -DGEOQUILL_BUILD_TESTS=OFF
 	cmake --build build-package -j $(JOBS)
 	cd build-package && cpack -G DEB
+
+# The README's pictures, taken by the widget tests from the real window.
+screenshots: build
+	$(HEADLESS) ctest --test-dir build -R '^test_(mainwindow|mapwidget)$$'
+	cp build/screenshots/map-pins.png docs/images/first-page.png
+	cp build/screenshots/table-page.png docs/images/table-page.png
 
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i

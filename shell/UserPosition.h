@@ -2,7 +2,7 @@
 // The user's own position, followed through Marble's position tracking: the system's location
 // service through Qt Positioning (GeoClue2 on desktops) first, and gpsd when Qt Positioning has
 // no source or gives up before its first fix (it reports an error after about five seconds
-// without one). A replacement provider, such as a recorded NMEA log, can stand in for both.
+// without one). A provider of the tests' own can stand in for both.
 
 #include "map/MapPin.h"
 

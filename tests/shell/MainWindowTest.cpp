@@ -217,6 +217,9 @@ private slots:
             QCOMPARE(view()->table()->selectedRowCount(), 1);
         }
         QCOMPARE(labelsTopToBottom(), QStringList({"Paris", "Panama", "Sydney"}));
+        // The README's picture of the list (make screenshots).
+        QVERIFY(QDir().mkpath(GEOQUILL_SCREENSHOT_DIR));
+        QVERIFY(window->grab().save(GEOQUILL_SCREENSHOT_DIR "/table-page.png"));
     }
 
     void ticksAndSelectionReachTheRecords() {
