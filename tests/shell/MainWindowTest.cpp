@@ -12,6 +12,8 @@
 
 #include <GeographicLib/UTMUPS.hpp>
 
+#include <QMessageBox>
+
 class MainWindowTest : public QObject {
     Q_OBJECT
 
@@ -239,6 +241,58 @@ private slots:
         QCOMPARE(window->mainMenuBar()->action(QStringLiteral("EditRemoveLocations"))->text(),
                  QStringLiteral("Remove Locations"));
         edit->close();
+    }
+
+    // Ctrl+S through the real file dialog: the ticked rows in the order on screen, each the
+    // eight cells after the tick joined by tabs, under the header.
+    void saveWritesTheTickedRowsAsShown() {
+        recordThreeAndShowTheList();
+        clickHeader(2); // Sydney, Panama, Paris
+        clickCell(1, 0);
+        QTest::keyClick(view(), Qt::Key_Space); // Panama stays out
+        const QString path = dir.filePath(QStringLiteral("saved.txt"));
+        QTimer answer;
+        connect(&answer, &QTimer::timeout, [&] {
+            if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+                auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+                name->clear();
+                QTest::keyClicks(name, path);
+                QTest::keyClick(name, Qt::Key_Return);
+            }
+        });
+        answer.start(5);
+        QTest::keyClick(window.get(), Qt::Key_S, Qt::ControlModifier);
+        QTRY_VERIFY(QFile::exists(path));
+        QByteArray expected = "Longitude (DD)\tLatitude (DD)\tLongitude (DMS)\tLatitude (DMS)\t"
+                              "UTM Eastings (m)\tUTM Northings (m)\tUTM Zone\n";
+        for (int row : {0, 2}) {
+            QStringList cells;
+            for (int column = 1; column <= 8; ++column)
+                cells << view()->model()->index(row, column).data().toString();
+            expected += cells.join(QLatin1Char('\t')).toUtf8() + '\n';
+        }
+        QFile saved(path);
+        QVERIFY(saved.open(QIODevice::ReadOnly));
+        QCOMPARE(saved.readAll(), expected);
+    }
+
+    // Ctrl+R takes the selected rows, Ctrl+Shift+R all of them once the question is answered
+    // by Return.
+    void removeTheSelectedRowsThenAll() {
+        recordThreeAndShowTheList();
+        clickCell(0, 1);
+        clickCell(2, 1, Qt::ControlModifier);
+        QTest::keyClick(window.get(), Qt::Key_R, Qt::ControlModifier);
+        QCOMPARE(labelsTopToBottom(), QStringList({"Paris"}));
+        QTimer answer;
+        connect(&answer, &QTimer::timeout, [] {
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+                QTest::keyClick(box, Qt::Key_Return);
+        });
+        answer.start(5);
+        QTest::keyClick(window.get(), Qt::Key_R, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(view()->model()->rowCount(), 0);
+        QVERIFY(window->controller().Pins.empty());
     }
 
     void openedFileBecomesLocations() {
