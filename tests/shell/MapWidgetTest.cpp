@@ -13,6 +13,9 @@
 #include <marble/MarbleModel.h>
 #include <marble/PositionTracking.h>
 
+#include <QMessageBox>
+#include <QRegularExpression>
+
 namespace {
 
 // The text a request to Nominatim asked for, read as a web server reads it: '+' as a space.
@@ -134,6 +137,45 @@ private slots:
         const auto there = map->convertPointToCoordinate(200, 150);
         click(QPoint(200, 150));
         QVERIFY(controller().theLocation && near(located(), *there, 1e-6));
+    }
+
+    // Ctrl+D and two clicks under a comma locale: the distance with its decimal comma, in the
+    // locale's units, then in miles once Ctrl+F chose them.
+    void twoClickDistanceInTheLocalesMarkAndUnits() {
+        window.reset();
+        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+        window = openWindow();
+        QLocale::setDefault(QLocale::c());
+        QVERIFY(window);
+        map = window->map();
+        controller().LoadMap(48.0, 11.0); // about 40 km between the clicks
+        QStringList said;
+        QTimer answer;
+        connect(&answer, &QTimer::timeout, [&] {
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                said << box->text();
+                box->done(0);
+            }
+        });
+        answer.start(5);
+        for (const bool imperial : {false, true}) {
+            window->activateWindow(); // back from the message, as a click on the window does
+            QVERIFY(QTest::qWaitForWindowActive(window.get()));
+            if (imperial)
+                QTest::keyClick(window.get(), Qt::Key_F, Qt::ControlModifier);
+            QTest::keyClick(window.get(), Qt::Key_D, Qt::ControlModifier);
+            click(QPoint(300, 150));
+            click(QPoint(400, 150));
+        }
+        QCOMPARE(said.size(), 2);
+        const QRegularExpression distance(QStringLiteral("^Distance = (\\d+,\\d) (km|mi)$"));
+        const auto km = distance.match(said[0]), mi = distance.match(said[1]);
+        QVERIFY2(km.hasMatch() && km.captured(2) == QLatin1String("km"), qPrintable(said[0]));
+        QVERIFY2(mi.hasMatch() && mi.captured(2) == QLatin1String("mi"), qPrintable(said[1]));
+        const auto value = [](const QRegularExpressionMatch& m) {
+            return m.captured(1).replace(QLatin1Char(','), QLatin1Char('.')).toDouble();
+        };
+        QVERIFY(qAbs(value(km) / 1.609344 - value(mi)) <= 0.1);
     }
 
     void pinsAreDrawnAndAClickSelectsTheOneUnderIt() {
