@@ -229,6 +229,9 @@ in memory and the rest in an unnamed temporary file in $TMPDIR (or /tmp).
 Every line from the first line on gives one line, as in the app: a blank or
 unreadable coordinate reads as 0, unless --strict.
 
+A line longer than 8 MiB is refused, as an input that cannot be read: no coordinate
+line comes near it, and memory stays bounded.
+
 Exit status: 0 done; 1 the input could not be read or the output not written;
 2 a usage error; 3 --strict left out lines.
 )");

@@ -14,6 +14,9 @@ namespace {
 
 // Lines between two looks at the progress.
 constexpr std::int64_t progressStep = 8192;
+// No coordinate line comes near this; a longer one is refused rather than held, which keeps the
+// memory bounded whatever the input.
+constexpr std::size_t lineLimit = std::size_t(8) << 20;
 // A reported cell is quoted up to this many characters.
 constexpr int quotedCharacters = 40;
 
@@ -59,6 +62,7 @@ int Converter::run(QIODevice& input, const QString& name) {
 bool Converter::scan(QIODevice& input, const QString& name, Layout& layout) {
     DelimiterScan found;
     TextLineReader reader(input, TextLineReader::Encoding::Sniff);
+    reader.setLineLimit(lineLimit);
     std::string_view line;
     while (reader.next(line)) {
         if (o.delimiter == DelimitedLine::noDelimiter)
@@ -90,6 +94,7 @@ int Converter::convert(QIODevice& input, const QString& name, const Layout& layo
         return ExitStatus::failed;
     }
     TextLineReader reader(input, layout.encoding);
+    reader.setLineLimit(lineLimit);
     Unshown unshown;
     ImportRowBuilder builder(o.columns, o.locale, o.strict ? unshown : messages);
     const BatchCellFormat format = BatchCellFormat::from(o.settings, o.latFirst, o.locale);

@@ -178,6 +178,11 @@ bool TextLineReader::next(std::string_view& line) {
             handedOutAny = true;
             return true;
         }
+        // No line end yet: all that is available belongs to one line.
+        if (lineLimit != 0 && available > lineLimit) {
+            error = QStringLiteral("a line is longer than %1 MiB").arg(lineLimit >> 20);
+            return false;
+        }
         if (!atEnd) {
             if (fill())
                 continue;

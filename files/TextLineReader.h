@@ -38,6 +38,10 @@ public:
     // text or when reading failed.
     bool next(std::string_view& line);
 
+    // A line longer than this many bytes (0: no limit) ends the reading as failed: a reader that
+    // must stay within bounded memory refuses such a line rather than hold it.
+    void setLineLimit(std::size_t bytes) { lineLimit = bytes; }
+
     bool failed() const { return !error.isEmpty(); }
     QString errorString() const { return error; }
     // The encoding in use: a byte-order mark decides it at the first read; Sniff otherwise.
@@ -64,6 +68,7 @@ private:
     std::vector<char> chunk; // raw bytes of the last read
     std::string buffer;      // decoded text; what is not yet handed out starts at pos
     std::size_t pos = 0;
+    std::size_t lineLimit = 0;
     bool atEnd = false;   // the device has no more to give
     bool started = false; // the first chunk (byte-order mark) has been seen
     bool handedOutAny = false;
