@@ -6,6 +6,7 @@
 #include "coordinates/PlainNumberText.h"
 #include "coordinates/SafeInteger.h"
 #include "support/QStringPrinting.h"
+#include "support/TestLocales.h"
 
 #include <QLocale>
 #include <QRegularExpression>
@@ -21,8 +22,8 @@
 
 namespace {
 
-const NumberLocale point = NumberLocale::from(QLocale::c());
-const NumberLocale comma = NumberLocale::from(QLocale(QLocale::German, QLocale::Germany));
+using testLocales::point;
+const NumberLocale& comma = testLocales::german;
 constexpr double inf = std::numeric_limits<double>::infinity();
 
 struct PatternRow {

@@ -4,6 +4,7 @@
 
 #include "notation/NotationFormat.h"
 #include "support/QStringPrinting.h"
+#include "support/TestLocales.h"
 
 #include <QLocale>
 
@@ -18,16 +19,9 @@ enum class Notation { DD, DMS, UTM };
 constexpr unsigned ddLetters = 1, ddDegree = 2, dmsNoLetters = 4, dmsNoSymbols = 8, utmNoEN = 16,
                    utmMetres = 32, utmSouthLetter = 64;
 
-NumberLocale trueMinusLocale() { // a comma locale whose minus sign is U+2212
-    NumberLocale l;
-    l.decimalPoint = QLatin1Char(',');
-    l.minusSign = QChar(0x2212);
-    return l;
-}
-
-const NumberLocale point = NumberLocale::from(QLocale::c());
-const NumberLocale german = NumberLocale::from(QLocale(QLocale::German, QLocale::Germany));
-const NumberLocale trueMinus = trueMinusLocale();
+using testLocales::german;
+using testLocales::point;
+using testLocales::trueMinus;
 
 struct FormatRow {
     const char* name;

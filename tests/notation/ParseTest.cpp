@@ -6,6 +6,7 @@
 #include "notation/NotationParse.h"
 #include "support/QStringPrinting.h"
 #include "support/RecordingMessageBox.h"
+#include "support/TestLocales.h"
 
 #include <GeographicLib/TransverseMercator.hpp>
 
@@ -22,16 +23,9 @@ constexpr double missing = -9999.0;
 constexpr bool latFirst = true, lonFirst = false;
 enum class Notation { DD, DMS };
 
-NumberLocale trueMinusLocale() { // a comma locale whose minus sign is U+2212
-    NumberLocale l;
-    l.decimalPoint = QLatin1Char(',');
-    l.minusSign = QChar(0x2212);
-    return l;
-}
-
-const NumberLocale point = NumberLocale::from(QLocale::c());
-const NumberLocale german = NumberLocale::from(QLocale(QLocale::German, QLocale::Germany));
-const NumberLocale trueMinus = trueMinusLocale();
+using testLocales::german;
+using testLocales::point;
+using testLocales::trueMinus;
 const double north45 = 45 + 30 / 60.0 + 15.5 / 3600, east9 = 9 + 10 / 60.0;
 
 struct ReadRow {
