@@ -212,10 +212,6 @@ protected:
 
 TEST_F(RecordedTable, RowsFollowTheListTheRecordsAndTheOrder) {
     EXPECT_EQ(labelsTopDown(), (QStringList{"Sydney", "Paris", "New York"}));
-    EXPECT_EQ(f.BatchListbox.headerAt(2), QStringLiteral("Lat DD"));
-    EXPECT_EQ(f.BatchListbox.headerAt(8), QStringLiteral("UTM Zone"));
-    EXPECT_EQ(f.BatchListbox.headerAt(9), QString());
-    EXPECT_EQ(f.BatchListbox.headerAt(-1), QString());
     EXPECT_EQ(f.BatchListbox.cellValueAt(2, 3), QStringLiteral("-74.006"));
     EXPECT_EQ(f.BatchListbox.cellValueAt(1, 0), QStringLiteral("2"));
     // What the view shows, and its tip where a narrow column cuts the text.
@@ -278,28 +274,6 @@ TEST_F(RecordedTable, ClickBringsACopyOfTheRowToTheFormAndTheMap) {
     EXPECT_EQ(w.locations[1]->label, QStringLiteral("Paris, centre"));
     EXPECT_EQ(w.locations.size(), 3u);
     EXPECT_EQ(w.selectedLoc, -1);
-}
-
-TEST_F(RecordedTable, AnUnrecordedLocationIsAskedAbout) {
-    for (Answer answer : {Answer::Cancel, Answer::Action}) {
-        typeUnrecorded();
-        const VertexRef unrecorded = w.theLocation;
-        w.tappingMap = true;
-        f.messageDialog.answer = answer;
-        f.messageDialog.asked.clear();
-        EXPECT_FALSE(w.BatchListbox_CellClick(2, 1, 5, 5)) << "the table selects the row";
-        EXPECT_EQ(f.messageDialog.asked.size(), 1u);
-        if (answer == Answer::Cancel) {
-            EXPECT_EQ(w.theLocation, unrecorded);
-            EXPECT_EQ(w.selectedLoc, -1);
-            EXPECT_FALSE(w.tappingMap);
-            EXPECT_EQ(w.locations.size(), 3u);
-        } else { // recorded first, then the row shown
-            EXPECT_EQ(w.locations.size(), 4u);
-            EXPECT_EQ(w.selectedLoc, 2);
-            EXPECT_EQ(w.theLocation->label, QStringLiteral("New York"));
-        }
-    }
 }
 
 TEST_F(RecordedTable, TicksAndSelectionAreKeptInTheRecords) {
