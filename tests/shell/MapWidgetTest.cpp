@@ -1,7 +1,7 @@
-// The map of the real window as a user drives it: clicks, pins, map types, the read-out, dragging
-// and the wheel, flights and region changes, addresses, the user's position, the tile servers;
-// then finding places by name and following the user's position from stand-in receivers. The
-// controller's rules, and which place a name means, are pinned in tests/map.
+// What the map of the real window adds to the controller's rules (pinned in tests/map): the
+// pointer and its read-out, map types, dragging and the wheel, flights and region changes,
+// addresses, the user's position, the tile servers; then finding places by name and following
+// the user's position from stand-in receivers.
 
 #include "WidgetTest.h"
 #include "shell/AddressSearch.h"
@@ -12,9 +12,6 @@
 #include <marble/MarbleMap.h>
 #include <marble/MarbleModel.h>
 #include <marble/PositionTracking.h>
-
-#include <QMessageBox>
-#include <QRegularExpression>
 
 namespace {
 
@@ -105,13 +102,10 @@ private slots:
     }
     void cleanup() { window.reset(); }
 
-    void pointerReadOutAndClicksOnTheMap() {
+    void pointerAndItsReadOut() {
         // The pointer over the map is the controller's, with its hot spot.
         QCOMPARE(map->cursor().hotSpot(),
                  QPoint(controller().curs.hotSpotX, controller().curs.hotSpotY));
-        const auto located = [this] {
-            return MapCoordinate{controller().theLocation->lat, controller().theLocation->lon};
-        };
         // Marble's coordinate of the pixel, and our projection (where pins are drawn and hit)
         // back to the same pixel.
         const QPoint at(333, 222);
@@ -129,78 +123,6 @@ private slots:
         QCOMPARE(label->geometry().right(), map->geometry().right());
         QApplication::sendEvent(map, &leave);
         QVERIFY(!label->isVisible());
-        chooseInNextMenu({QStringLiteral("New Location at Click")});
-        press(at, Qt::RightButton); // the menu runs inside the press
-        QVERIFY(controller().theLocation && near(located(), *here, 1e-6));
-        QTest::mouseClick(window->searchButton(), Qt::LeftButton); // recorded: nothing to ask
-        chooseMenuItem(*window, "FileNewLocationatMapClick");
-        const auto there = map->convertPointToCoordinate(200, 150);
-        click(QPoint(200, 150));
-        QVERIFY(controller().theLocation && near(located(), *there, 1e-6));
-    }
-
-    // Ctrl+D and two clicks under a comma locale: the distance with its decimal comma, in the
-    // locale's units, then in miles once Ctrl+F chose them.
-    void twoClickDistanceInTheLocalesMarkAndUnits() {
-        window.reset();
-        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        window = openWindow();
-        QLocale::setDefault(QLocale::c());
-        QVERIFY(window);
-        map = window->map();
-        controller().LoadMap(48.0, 11.0); // about 40 km between the clicks
-        QStringList said;
-        QTimer answer;
-        connect(&answer, &QTimer::timeout, [&] {
-            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-                said << box->text();
-                box->done(0);
-            }
-        });
-        answer.start(5);
-        for (const bool imperial : {false, true}) {
-            window->activateWindow(); // back from the message, as a click on the window does
-            QVERIFY(QTest::qWaitForWindowActive(window.get()));
-            if (imperial)
-                QTest::keyClick(window.get(), Qt::Key_F, Qt::ControlModifier);
-            QTest::keyClick(window.get(), Qt::Key_D, Qt::ControlModifier);
-            click(QPoint(300, 150));
-            click(QPoint(400, 150));
-        }
-        QCOMPARE(said.size(), 2);
-        const QRegularExpression distance(QStringLiteral("^Distance = (\\d+,\\d) (km|mi)$"));
-        const auto km = distance.match(said[0]), mi = distance.match(said[1]);
-        QVERIFY2(km.hasMatch() && km.captured(2) == QLatin1String("km"), qPrintable(said[0]));
-        QVERIFY2(mi.hasMatch() && mi.captured(2) == QLatin1String("mi"), qPrintable(said[1]));
-        const auto value = [](const QRegularExpressionMatch& m) {
-            return m.captured(1).replace(QLatin1Char(','), QLatin1Char('.')).toDouble();
-        };
-        QVERIFY(qAbs(value(km) / 1.609344 - value(mi)) <= 0.1);
-    }
-
-    void pinsAreDrawnAndAClickSelectsTheOneUnderIt() {
-        for (const char* place : {"48.8566 2.3522", "51.5074 -0.1278", "41.9028 12.4964"}) {
-            chooseMenuItem(*window, "FileNewLocation");
-            typeAndReturn(window->textFieldDecDegrees(), QString::fromLatin1(place));
-            QTest::mouseClick(window->searchButton(), Qt::LeftButton);
-        }
-        chooseMenuItem(*window, "MapShowAllLocations");
-        QTRY_VERIFY_WITH_TIMEOUT(!map->isFlying() && map->pendingMapFiles() == 0, 10000);
-        const QImage shot = shotOfMap(QStringLiteral("map-pins.png"));
-        QCOMPARE(controller().Pins.size(), std::size_t(3));
-        for (const MapPinRef& recorded : controller().Pins) { // the head, above the tip, pin red
-            const QPoint tip = map->pointForCoordinate(recorded->coordinate)->toPoint();
-            const QColor head = shot.pixelColor(tip - QPoint(0, 17));
-            QVERIFY2(head.red() > 150 && head.green() < 110 && head.blue() < 110,
-                     qPrintable(head.name()));
-        }
-        chooseMenuItem(*window, "FileNewLocation");
-        const MapPinRef london = controller().Pins[1];
-        click(map->pointForCoordinate(london->coordinate)->toPoint());
-        QCOMPARE(controller().selectedLoc, std::int64_t(1));
-        QCOMPARE(map->pinLayer().selected(), london);
-        click(QPoint(map->width() - 60, 40)); // far from every pin
-        QVERIFY(!map->pinLayer().selected());
     }
 
     void mapTypesChangeTheLookAndKeepThePlace() {

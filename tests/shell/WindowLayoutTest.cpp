@@ -141,6 +141,32 @@ private slots:
         }
     }
 
+    // Every command of the menu bar reaches the controller's handler of its name.
+    void menuItemsReachTheirHandlersByName() {
+        for (const auto& [name, handler] : Window1::AddMenuHandlers()) {
+            QAction* action = window->mainMenuBar()->action(name);
+            QVERIFY2(action && window->mainMenuBar()->commandActions().contains(action),
+                     qPrintable(name));
+        }
+    }
+
+    // The map pointer and the application's picture, drawn once for the screen's pixel ratio;
+    // the pointer's hot spot in its middle.
+    void picturesAreDrawnForTheScreensPixelRatio() {
+        ResourcePictures* pictures = window->pictures();
+        for (const QString& name : {QStringLiteral("scopeCurs"), QStringLiteral("mapIcon")}) {
+            const QPixmap picture = pictures->picture(name);
+            QCOMPARE(picture.devicePixelRatio(), qApp->devicePixelRatio());
+            QCOMPARE(picture.size(), pictures->pictureSize(name) * qApp->devicePixelRatio());
+            QVERIFY2(picture.toImage().pixelColor(picture.rect().center()).alpha() > 0,
+                     qPrintable(name + " is blank"));
+            QCOMPARE(pictures->picture(name).cacheKey(), picture.cacheKey());
+        }
+        const QSize scope = pictures->pictureSize(QStringLiteral("scopeCurs"));
+        QCOMPARE(QPoint(window->controller().curs.hotSpotX, window->controller().curs.hotSpotY),
+                 QPoint(scope.width() / 2, scope.height() / 2));
+    }
+
     void escapeCancelsTheDistanceMessage() {
         menuItem("MapDistanceBetweenClickedPts")->trigger();
         QWidget* message = window->messageWindow()->window();
