@@ -447,20 +447,43 @@ private slots:
         QVERIFY(controller().Pins.empty());
     }
 
-    // Ctrl+S through the real file dialog: the ticked rows in the order on screen, each the
-    // eight cells after the tick joined by tabs, under the header.
-    void saveTheTickedRowsAsShown() {
-        recordThreeAndShowTheList();
-        clickHeader(2); // Sydney, Panama, Paris
-        clickCell(1, 0);
+    // By the keyboard alone: three places recorded, the list's page by Ctrl+Tab, one row
+    // unticked by the arrows and Space, and Ctrl+S through the real file dialog. The file holds
+    // the ticked rows in the order on screen, each the eight cells after the tick joined by tabs,
+    // under the header.
+    void recordAndSaveByTheKeyboardAlone() {
+        const auto tabTo = [](QWidget* target) {
+            for (int k = 0; k < 40 && focused() != target; ++k)
+                QTest::keyClick(focused() ? focused() : QApplication::activeWindow(), Qt::Key_Tab);
+            return focused() == target;
+        };
+        for (const char* place :
+             {"Sydney -33.5 151.25", "Paris 48.8566 2.3522", "Panama 8.9824 -79.5199"}) {
+            const QStringList words = QString::fromLatin1(place).split(' ');
+            shortcut(Qt::Key_N);
+            QVERIFY(tabTo(window->textFieldDecDegrees()));
+            QTest::keyClicks(focused(), words[1] + ' ' + words[2]);
+            QVERIFY(tabTo(window->textFieldLabel()));
+            QTest::keyClicks(focused(), words[0]);
+            QVERIFY(tabTo(window->searchButton()));
+            QTest::keyClick(focused(), Qt::Key_Space);
+            QCOMPARE(controller().locations.back()->label, words[0]);
+        }
+        QTest::keyClick(focused(), Qt::Key_Tab, Qt::ControlModifier);
+        QCOMPARE(window->tabPanel()->currentIndex(), 1);
+        QVERIFY(tabTo(view()));
+        for (int down = 0; down < 2; ++down)
+            QTest::keyClick(view(), Qt::Key_Down);
         QTest::keyClick(view(), Qt::Key_Space); // Panama stays out
+        QVERIFY(!controller().locations[2]->checked);
+
         const QString path = dir.filePath(QStringLiteral("saved.txt"));
         const auto saver = answerDialogs([&](QWidget* dialog) { typeFileName(dialog, path); });
-        shortcut(Qt::Key_S, Qt::ControlModifier);
+        QTest::keyClick(focused(), Qt::Key_S, Qt::ControlModifier);
         QTRY_VERIFY(QFile::exists(path));
         QByteArray expected = "Longitude (DD)\tLatitude (DD)\tLongitude (DMS)\tLatitude (DMS)\t"
                               "UTM Eastings (m)\tUTM Northings (m)\tUTM Zone\n";
-        for (int row : {0, 2}) {
+        for (int row : {0, 1}) {
             QStringList cells;
             for (int column = 1; column <= 8; ++column)
                 cells << cell(row, column);
