@@ -54,8 +54,7 @@ class MapWidgetTest : public QObject {
 
     Window1& controller() { return window->controller(); }
     void send(QEvent::Type type, QPoint at, Qt::MouseButton button, Qt::MouseButtons held) {
-        QMouseEvent event(type, at, map->mapToGlobal(at), button, held, Qt::NoModifier);
-        QApplication::sendEvent(map, &event);
+        sendMouse(map, type, at, button, held);
     }
     void press(QPoint at, Qt::MouseButton b = Qt::LeftButton) {
         send(QEvent::MouseButtonPress, at, b, b);
@@ -75,9 +74,6 @@ class MapWidgetTest : public QObject {
     }
     bool within(std::optional<QPointF> point, QPointF expected, double pixels) {
         return point && (*point - expected).manhattanLength() <= pixels;
-    }
-    bool near(MapCoordinate a, MapCoordinate b, double degrees) {
-        return qAbs(a.latitude - b.latitude) < degrees && qAbs(a.longitude - b.longitude) < degrees;
     }
     // One pixel per logical pixel, whatever the screen's scale.
     QImage shotOfMap(const QString& savedAs = {}) {

@@ -28,6 +28,16 @@ inline void typeAndReturn(QLineEdit* field, const QString& text) {
     QTest::keyClick(field, Qt::Key_Return);
 }
 
+inline void sendMouse(QWidget* to, QEvent::Type type, QPoint at, Qt::MouseButton button,
+                      Qt::MouseButtons held) {
+    QMouseEvent event(type, at, to->mapToGlobal(at), button, held, Qt::NoModifier);
+    QApplication::sendEvent(to, &event);
+}
+
+inline bool near(MapCoordinate a, MapCoordinate b, double degrees) {
+    return qAbs(a.latitude - b.latitude) < degrees && qAbs(a.longitude - b.longitude) < degrees;
+}
+
 inline void chooseMenuItem(MainWindow& window, const char* name) {
     window.mainMenuBar()->action(QLatin1String(name))->trigger();
 }
