@@ -226,10 +226,19 @@ private slots:
         QVERIFY(near(shown(), {20, 10}, 1e-9));
     }
 
-    // Locations made by the map's contextual menu and by a click after Ctrl+Shift+N, recorded;
-    // their pins drawn after Show All, and a click on a pin selects its row.
+    // A place found by its name, then locations made by the map's contextual menu and by a click
+    // after Ctrl+Shift+N, recorded; their pins drawn after Show All, and a click on a pin selects
+    // its row.
     void makeLocationsOnTheMapAndSelectPins() {
-        const QPoint first(333, 222), second(200, 150);
+        typeAndReturn(window->addressField(), QStringLiteral("Paris")); // the map goes there
+        QTRY_VERIFY_WITH_TIMEOUT(
+            controller().theLocation && controller().theLocation->label == "Paris", 10000);
+        QTest::mouseClick(window->searchButton(), Qt::LeftButton);
+        const QPoint middle = map->rect().center(), first = middle + QPoint(-60, 40),
+                     second = middle + QPoint(-150, -50);
+        QWheelEvent zoomIn(middle, map->mapToGlobal(middle), {}, {0, 120 * 6}, {}, {},
+                           Qt::NoScrollPhase, false);
+        QApplication::sendEvent(map, &zoomIn);
         const auto firstPlace = map->convertPointToCoordinate(first.x(), first.y());
         chooseInNextMenu({QStringLiteral("New Location at Click")});
         sendMouse(map, QEvent::MouseButtonPress, first, Qt::RightButton, Qt::RightButton);
@@ -247,7 +256,7 @@ private slots:
         if (QDir().mkpath(GEOQUILL_SCREENSHOT_DIR)) // the README's first picture
             window->grab().save(QStringLiteral(GEOQUILL_SCREENSHOT_DIR "/map-pins.png"));
         const QImage shot = map->grab().toImage().scaled(map->size());
-        QCOMPARE(controller().Pins.size(), std::size_t(3));
+        QCOMPARE(controller().Pins.size(), std::size_t(4));
         for (const MapPinRef& pin : controller().Pins) { // the head, above the tip, pin red
             const QPoint tip = map->pointForCoordinate(pin->coordinate)->toPoint();
             const QColor head = shot.pixelColor(tip - QPoint(0, 17));
@@ -255,10 +264,10 @@ private slots:
                      qPrintable(head.name()));
         }
         shortcut(Qt::Key_N);
-        const MapPinRef middle = controller().Pins[1];
-        clickMap(map->pointForCoordinate(middle->coordinate)->toPoint());
-        QCOMPARE(controller().selectedLoc, std::int64_t(1));
-        QCOMPARE(map->pinLayer().selected(), middle);
+        const MapPinRef clicked = controller().Pins[2];
+        clickMap(map->pointForCoordinate(clicked->coordinate)->toPoint());
+        QCOMPARE(controller().selectedLoc, std::int64_t(2));
+        QCOMPARE(map->pinLayer().selected(), clicked);
         clickMap(QPoint(map->width() - 60, 40)); // far from every pin
         QVERIFY(!map->pinLayer().selected());
     }
