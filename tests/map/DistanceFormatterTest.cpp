@@ -25,14 +25,12 @@ struct DistanceRow {
 
 const DistanceRow rows[] = {
     {"Zero", metric, true, 0, "0 m"},
-    {"WholeMetres", metric, true, 849.6, "850 m"},
     {"JustUnderAKilometre", metric, true, 999.4, "999 m"},
     {"RoundsUpToAKilometre", metric, true, 999.6, "1 km"},
     {"OneDecimal", metric, true, 1234, "1.2 km"},
     {"TrailingZeroDropped", metric, true, 12000, "12 km"},
     {"RoundsUpToHundred", metric, true, 99960, "100 km"},
     {"WholeFromHundred", metric, true, 20003931, "20004 km"},
-    {"Feet", imperial, true, 900 * foot, "900 ft"},
     {"UnderAThousandFeet", imperial, true, 999 * foot, "999 ft"},
     {"Miles", imperial, true, 3.4 * mile, "3.4 mi"},
     {"WholeMiles", imperial, true, 1580.2 * mile, "1580 mi"},

@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <ostream>
 #include <string>
 
 namespace {
@@ -19,47 +18,25 @@ struct LookRow {
     bool credited; // the look is online and shows its source's credit
 };
 
-void PrintTo(const LookRow& row, std::ostream* os) {
-    *os << row.name;
-}
-
+// The installed themes' files.
 const char* const plain = "earth/plain/plain.dgml";
+const char* const osm = "earth/openstreetmap/openstreetmap.dgml";
+const char* const satellite = "earth/geoquill-satellite/geoquill-satellite.dgml";
+const char* const satelliteOnline =
+    "earth/geoquill-satellite-online/geoquill-satellite-online.dgml";
+const char* const hybrid = "earth/geoquill-hybrid/geoquill-hybrid.dgml";
+const char* const hybridOnline = "earth/geoquill-hybrid-online/geoquill-hybrid-online.dgml";
 
 const LookRow lookRows[] = {
     {"StandardOffline", 0, {false, true, true}, plain, false},
-    {"StandardOnline", 0, {true, false, false}, "earth/openstreetmap/openstreetmap.dgml", true},
+    {"StandardOnline", 0, {true, false, false}, osm, true},
     {"SatelliteNothingYet", 1, {true, false, false}, plain, false},
-    {"SatelliteImageryMade",
-     1,
-     {true, false, true},
-     "earth/geoquill-satellite/geoquill-satellite.dgml",
-     false},
-    {"SatelliteOnlineBeforeImagery",
-     1,
-     {false, true, false},
-     "earth/geoquill-satellite-online/geoquill-satellite-online.dgml",
-     true},
-    {"SatelliteOnlineOverImagery",
-     1,
-     {false, true, true},
-     "earth/geoquill-satellite-online/geoquill-satellite-online.dgml",
-     true},
-    {"HybridNothingYet", 2, {true, false, false}, plain, false},
-    {"HybridImageryMade",
-     2,
-     {false, false, true},
-     "earth/geoquill-hybrid/geoquill-hybrid.dgml",
-     false},
-    {"HybridOnline",
-     2,
-     {false, true, false},
-     "earth/geoquill-hybrid-online/geoquill-hybrid-online.dgml",
-     true},
-    {"UnknownTypeIsStandard",
-     7,
-     {true, true, true},
-     "earth/openstreetmap/openstreetmap.dgml",
-     true},
+    {"SatelliteImageryMade", 1, {true, false, true}, satellite, false},
+    {"SatelliteOnlineBeforeImagery", 1, {false, true, false}, satelliteOnline, true},
+    {"SatelliteOnlineOverImagery", 1, {false, true, true}, satelliteOnline, true},
+    {"HybridImageryMade", 2, {false, false, true}, hybrid, false},
+    {"HybridOnline", 2, {false, true, false}, hybridOnline, true},
+    {"UnknownTypeIsStandard", 7, {true, true, true}, osm, true},
     {"NegativeTypeIsStandard", -1, {false, true, true}, plain, false},
 };
 

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -15,10 +14,6 @@ struct ReplyRow {
     const char* body;
     std::vector<FoundPlace> places;
 };
-
-void PrintTo(const ReplyRow& row, std::ostream* os) {
-    *os << row.name;
-}
 
 const ReplyRow replyRows[] = {
     {"StringsWithPopulation",

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <ostream>
 #include <string>
 
 namespace {
@@ -17,13 +16,8 @@ struct NameRow {
     bool names;
 };
 
-void PrintTo(const NameRow& row, std::ostream* os) {
-    *os << row.name;
-}
-
 const NameRow nameRows[] = {
     {"Whole", "Paris", "Paris", true},
-    {"OtherCase", "Sydney", "sYDNEY", true},
     {"AccentedOtherCase", "\xC3\x89vora", "\xC3\xA9VORA", true}, // Évora, "éVORA"
     {"AccentIsNotDropped", "S\xC3\xA3o Paulo", "Sao Paulo", false},
     {"StartEndingAtAWord", "Kansas City", "Kansas", true},
@@ -51,10 +45,6 @@ struct BestRow {
     QVector<FoundPlace> places;
     int best; // index into places; -1 none
 };
-
-void PrintTo(const BestRow& row, std::ostream* os) {
-    *os << row.name;
-}
 
 // Paris, France and Paris, Texas.
 const FoundPlace parisFrance{48.857, 2.351, 2138551};
@@ -88,12 +78,7 @@ struct TagRow {
     qint64 population;
 };
 
-void PrintTo(const TagRow& row, std::ostream* os) {
-    *os << row.name;
-}
-
 const TagRow tagRows[] = {
-    {"Plain", "300000", 300000},
     {"SpaceGroups", "48 000", 48000},
     {"CommaGroups", "1,250,000", 1250000},
     {"DotGroups", "3.645.000", 3645000},
