@@ -59,10 +59,6 @@ struct Belt {
     bool antimeridianOnly; // longitude 180 only, which is zone 61
 };
 
-void PrintTo(const Belt& b, std::ostream* out) {
-    *out << b.name;
-}
-
 std::vector<GridPoint> pointsOf(const Belt& b) {
     std::vector<GridPoint> points;
     for (double lat = b.latFrom; lat <= b.latTo + 1e-9; lat += b.latStep) {
