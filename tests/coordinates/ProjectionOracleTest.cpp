@@ -17,6 +17,7 @@
 #include <cmath>
 #include <iostream>
 #include <map>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -94,39 +95,25 @@ const GeographicLib::TransverseMercatorExact& exactUtm() {
     return tm;
 }
 
-// PROJ's projection for each central meridian and hemisphere met.
-class Proj {
-public:
-    Proj() : context(proj_context_create()) {}
-    ~Proj() {
-        for (auto& entry : made)
-            proj_destroy(entry.second);
-        proj_context_destroy(context);
-    }
-    Proj(const Proj&) = delete;
-    Proj& operator=(const Proj&) = delete;
+// PROJ's projections, one for each central meridian and hemisphere met.
+using Projections = std::map<std::pair<double, bool>, std::unique_ptr<PJ, PJ* (*)(PJ*)>>;
 
-    PJ* get(double meridian, bool south) {
-        PJ*& pj = made[{meridian, south}];
-        if (!pj) {
-            std::ostringstream def;
-            def << "+proj=tmerc +lat_0=0 +lon_0=" << meridian
-                << " +k_0=0.9996 +x_0=500000 +y_0=" << (south ? 10000000 : 0)
-                << " +ellps=WGS84 +approx";
-            pj = proj_create(context, def.str().c_str());
-        }
-        return pj;
+PJ* projFor(Projections& made, double meridian, bool south) {
+    auto& pj = made.try_emplace({meridian, south}, nullptr, &proj_destroy).first->second;
+    if (!pj) {
+        std::ostringstream def;
+        def << "+proj=tmerc +lat_0=0 +lon_0=" << meridian
+            << " +k_0=0.9996 +x_0=500000 +y_0=" << (south ? 10000000 : 0)
+            << " +ellps=WGS84 +approx";
+        pj.reset(proj_create(PJ_DEFAULT_CTX, def.str().c_str()));
     }
-
-private:
-    PJ_CONTEXT* context;
-    std::map<std::pair<double, bool>, PJ*> made;
-};
+    return pj.get();
+}
 
 class Grid : public testing::TestWithParam<Belt> {};
 
 TEST_P(Grid, ForwardAgainstGeographicLibAndProj) {
-    Proj proj;
+    Projections made;
     double worstExact = 0, worstProj = 0;
     for (const GridPoint& p : pointsOf(GetParam())) {
         double e = 0, n = 0, x = 0, y = 0;
@@ -136,7 +123,7 @@ TEST_P(Grid, ForwardAgainstGeographicLibAndProj) {
         exactUtm().Forward(meridian, p.lat, p.lon, x, y);
         const double exact = std::hypot(e - x - 500000, n - (y < 0 ? y + 10000000 : y));
         // A location a hair south of the equator is south in UTM too.
-        PJ* pj = proj.get(meridian, p.lat < 0);
+        PJ* pj = projFor(made, meridian, p.lat < 0);
         ASSERT_NE(pj, nullptr);
         const PJ_COORD out =
             proj_trans(pj, PJ_FWD, proj_coord(proj_torad(p.lon), proj_torad(p.lat), 0, 0));
@@ -154,31 +141,21 @@ TEST_P(Grid, ForwardAgainstGeographicLibAndProj) {
 
 // The inverse against the exact projection: coordinates made by the reference on the zone's
 // meridian (the inverse knows the zone only, so the Norway and Svalbard cells are included)
-// come back to their location; and our own forward then inverse, outside those cells.
-TEST_P(Grid, InverseAndRoundTrip) {
-    double worstInverse = 0, worstRoundTrip = 0;
+// come back to their location, with nothing to report.
+TEST_P(Grid, InverseAgainstGeographicLib) {
+    double worstInverse = 0;
     for (const GridPoint& p : pointsOf(GetParam())) {
         const UtmZone zone{0, p.zone, p.lat < 0 ? 5 : 15};
         double x = 0, y = 0, lon = 0, lat = 0;
         exactUtm().Forward(zoneMeridian(p.zone), p.lat, p.lon, x, y);
         RecordingMessageBox box;
         utm2ll(x + 500000, y < 0 ? y + 10000000 : y, lon, lat, zone, wgs84, box);
-        double error = std::max(std::fabs(lat - p.lat), std::fabs(lon - p.lon));
+        const double error = std::max(std::fabs(lat - p.lat), std::fabs(lon - p.lon));
         worstInverse = std::max(worstInverse, error);
-        ASSERT_LE(error, degreeTolerance) << "lon " << p.lon << " lat " << p.lat;
-        if (projectionMeridian(p.lon, p.lat, p.zone) != zoneMeridian(p.zone))
-            continue;
-        double e = 0, n = 0;
-        UtmZone z{0, 0, 0};
-        ll2utm(p.lon, p.lat, e, n, z, wgs84);
-        utm2ll(e, n, lon, lat, zone, wgs84, box);
-        error = std::max(std::fabs(lat - p.lat), std::fabs(lon - p.lon));
-        worstRoundTrip = std::max(worstRoundTrip, error);
         ASSERT_LE(error, degreeTolerance) << "lon " << p.lon << " lat " << p.lat;
         ASSERT_TRUE(box.shown.isEmpty());
     }
     reportWorst("inverse_vs_geographiclib_degrees", worstInverse);
-    reportWorst("round_trip_degrees", worstRoundTrip);
 }
 
 INSTANTIATE_TEST_SUITE_P(AllZones, Grid, testing::ValuesIn(belts),
