@@ -200,25 +200,20 @@ TEST_F(MapTest, TwoClickDistance) {
     w.Map_MouseMove(10, 10);
     EXPECT_EQ(f.LabelLatLon.w, narrow);
 
-    // Cancel in the message window ends a measurement with nothing kept.
+    // Cancel in the message window ends a measurement with nothing kept, in the frontmost
+    // visible document window that is a main window.
     w._MapDistanceBetweenClickedPts_Action();
     click(100, 100);
+    FakeWindow other;
+    Window1* const o = &other.window();
     MessageWindow message;
-    message.Event_Open({{3, true, nullptr}, {0, false, nullptr}, {0, true, &w}});
+    message.Event_Open(
+        {{1, true, o}, {0, false, o}, {0, true, nullptr}, {0, true, &w}, {0, true, o}});
     ASSERT_EQ(message.w, &w);
     message.PushButton1_Action(f.messageWindow);
     EXPECT_FALSE(w.gettingDist2Points || w.gettingDistFromPt || f.messageWindow.shown);
     click(300, 300);
     EXPECT_EQ(f.messageBox.shown.size(), 1) << "a new measurement starts from nothing";
-}
-
-TEST(FrontWindow, FirstVisibleDocumentWindowThatIsAMainWindow) {
-    FakeWindow a, b;
-    using DocWindowAndMenu::getFrontWindow;
-    EXPECT_EQ(getFrontWindow({}), nullptr);
-    EXPECT_EQ(getFrontWindow({{1, true, nullptr}, {0, true, &b.window()}}), &b.window());
-    EXPECT_EQ(getFrontWindow({{0, false, &a.window()}, {0, true, &b.window()}}), &b.window());
-    EXPECT_EQ(getFrontWindow({{0, true, nullptr}, {3, true, &a.window()}}), nullptr);
 }
 
 // Exactly one system is marked: choosing the marked one changes over to the other.
