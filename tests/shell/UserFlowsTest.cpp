@@ -233,6 +233,7 @@ private slots:
         typeAndReturn(window->addressField(), QStringLiteral("Paris")); // the map goes there
         QTRY_VERIFY_WITH_TIMEOUT(
             controller().theLocation && controller().theLocation->label == "Paris", 10000);
+        QVERIFY(near(shown(), {48.86, 2.35}, 0.1) && near(map->centerCoordinate(), shown(), 1e-5));
         QTest::mouseClick(window->searchButton(), Qt::LeftButton);
         const QPoint middle = map->rect().center(), first = middle + QPoint(-60, 40),
                      second = middle + QPoint(-150, -50);
