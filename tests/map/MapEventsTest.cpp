@@ -323,11 +323,11 @@ TEST_F(MapTest, Removal) {
         EXPECT_FALSE(w.suppressUpdate);
     };
     // One from the map page: its own pin goes, the others are not rebuilt.
-    w.Map_didSelectAnnotationView(w.Pins[1]);
-    const MapPinRef keptPin = w.Pins[2];
+    w.Map_didSelectAnnotationView(w.Pins[0]);
+    const MapPinRef keptPin = w.Pins[1];
     EXPECT_TRUE(w.menuItemChosen(QStringLiteral("EditRemoveLocations")));
-    expectLeft({"10 10", "30 30", "40 40"});
-    EXPECT_EQ(w.Pins[1], keptPin);
+    expectLeft({"20 20", "30 30", "40 40"});
+    EXPECT_EQ(w.Pins[0], keptPin);
     EXPECT_EQ(w.selectedLoc, -1);
     // The selected rows from the table; with none selected the form is still cleared.
     f.TabPanel1.setSelectedPanelIndex(1);

@@ -27,7 +27,7 @@ const ReplyRow replyRows[] = {
     {"ExtratagsNull", R"([{"lat":"1","lon":"2","extratags":null}])", {{1, 2, -1}}},
     {"OnTheEdges", R"([{"lat":"-90","lon":"180"}])", {{-90, 180, -1}}},
     {"OffTheEarthPassedOver",
-     R"([{"lat":"95","lon":"10"},{"lat":"5","lon":"-181"},
+     R"([{"lat":"90.5","lon":"10"},{"lat":"5","lon":"-181"},
                                   {"lat":"5","lon":"6"}])",
      {{5, 6, -1}}},
     {"MissingCoordinatePassedOver", R"([{"lat":"5"},{"lon":"6"},{}])", {}},
